@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/calculation_engine.h"
+#include "engine/catalogue.h"
+#include "engine/climate_data.h"
+#include "engine/location.h"
+#include "engine/location_parser.h"
+#include "geo/geojson.h"
+#include "online/meteoblue_scraper.h"
+#include "platform/bundle.h"
+#include "platform/diagnostics.h"
+#include "platform/pasteboard.h"
+#include "platform/task.h"
+
+namespace kalvo::app {
+
+/// The entry of `ContentView::countries` under which any place of the world is found online.
+inline constexpr std::string_view kOnlineCountry = "Altre località online";
+
+/// What the state uses of the rest of the system. All of it outlives the state.
+struct Services {
+    engine::LocationParser& parser;
+    online::MeteoblueScraper& scraper;
+    platform::Pasteboard& pasteboard;
+    platform::Diagnostics& diagnostics;
+    const platform::Bundle& bundle;
+};
+
+/// The whole interactive state of one window, and every operation on it. The screen shows its
+/// fields, edits the choices among them and forwards events to the operations; it is told through
+/// `onChanged` when an operation has changed something. Needs neither a window nor a network and
+/// lives on the user-interface thread. Its end gives up the downloads under way.
+class ContentView {
+ public:
+    explicit ContentView(const Services& services);
+    ContentView(const ContentView&) = delete;
+    ContentView& operator=(const ContentView&) = delete;
+
+    std::string selectedCountry{kOnlineCountry};
+    bool isOnlineMode = false;  // false: offline estimates, true: online climate data
+    int selectedTurbineKW = 2;  // kW: 1, 2 or 3
+    std::string quantityString = "1";
+    std::string searchText;
+    std::string selectedLocationLabel;  // key into allLocations or onlineLocations
+
+    engine::Catalogue allLocations;
+    std::vector<std::string> filteredLocationNames;
+    std::vector<online::MeteoblueSearchResult> onlineSearchResults;
+    std::unordered_map<std::string, engine::Location> onlineLocations;
+
+    std::optional<std::string> selectedRegion;
+    std::optional<std::string> selectedProvince;
+
+    std::string resultText;     // wind result, or a validation message
+    std::string detailsText;    // one line on the wind result
+    std::string pvResultText;   // photovoltaic result
+    std::string pvDetailsText;  // photovoltaic yields for 1, 2 and 3 kWp
+    engine::WindDistribution currentDistribution;
+    engine::WindRoseData currentRoseData;
+    engine::SolarData currentSolarData;
+
+    int activeTab = 0;         // 0 regions, 1 provinces, 2 wind
+    int activeDetailsTab = 0;  // 0 wind plant, 1 photovoltaic plant
+    bool isFetchingOnline = false;
+    bool showInfoSheet = false;
+
+    double globeCenterLat = 0.35;     // radians
+    double globeCenterLon = 0.0;      // radians
+    std::optional<double> targetLat;  // degrees
+    std::optional<double> targetLon;  // degrees
+    std::optional<std::string> targetName;
+    std::optional<geo::GeoMapData> regionMapData;
+    std::optional<geo::GeoMapData> provinceMapData;
+    /// Province code in upper case to the highest 1 kW yield of its places, kWh per year.
+    std::unordered_map<std::string, double> provinceWindMap;
+
+    const std::vector<std::string> countries;
+
+    /// Called after an operation, or a step of an asynchronous one, has changed the state.
+    std::function<void()> onChanged;
+
+    /// Start-up; runs once, when the main screen is first shown.
+    void initializeDatabase();
+    /// After the user has changed `selectedCountry`.
+    void onCountryChanged(const std::string& country);
+    void loadGeoMapsForCountry(const std::string& country);
+
+    /// The image file of a country's flag or of the logo, or nothing.
+    [[nodiscard]] std::optional<std::filesystem::path> flagImage(std::string_view country) const;
+    [[nodiscard]] std::optional<std::filesystem::path> loadLogoImage() const;
+
+    /// The labels of the chosen country's catalogue places, by code point.
+    [[nodiscard]] std::vector<std::string> getFilteredLocationNames() const;
+    /// Narrows the place list to the labels that contain the text, in any letter case.
+    void filterLocations(std::string_view query);
+    void performOnlineSearch();
+    /// A tap on the globe, in degrees.
+    void onGlobeTapped(double lat, double lon);
+
+    /// Turns the current choices into texts and data sets; may leave a download under way.
+    void calculate();
+    /// Builds the four texts from the current data sets.
+    void updateCalculationsDisplay(const engine::Location& location,
+                                   std::int64_t quantity,
+                                   bool isOnline);
+    /// Puts the wind texts on the clipboard.
+    void copyResult();
+};
+
+}  // namespace kalvo::app

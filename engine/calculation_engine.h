@@ -1,0 +1,77 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "engine/climate_data.h"
+#include "platform/color.h"
+
+namespace kalvo::engine {
+
+/// A place as the climate models see it. Yields are on the catalogue's scale, on which 2800 kWh a
+/// year mean a mean wind of 8 km/h.
+struct MonthlyWindArgs {
+    double kwh;                 // kWh per year
+    std::optional<double> lat;  // degrees north
+    std::optional<double> lon;  // degrees east
+    std::string_view region;
+};
+
+struct WindRoseArgs {
+    std::string_view cityLabel;  // seeds the variation between directions
+    double kwh;                  // kWh per year, catalogue scale
+    std::optional<double> lat;   // degrees north; without influence
+    std::optional<double> lon;   // degrees east; without influence
+    std::string_view region;
+};
+
+struct PlaceArgs {
+    std::optional<double> lat;  // degrees north
+    std::optional<double> lon;  // degrees east
+    std::string_view region;
+};
+
+/// The models behind the figures: pure functions without state.
+class CalculationEngine {
+ public:
+    CalculationEngine() = delete;
+
+    static const std::array<std::string_view, 12> months;  // "Gen" to "Dic"
+    static constexpr std::array<int, 12> daysInMonth{31, 28, 31, 30, 31, 30,
+                                                     31, 31, 30, 31, 30, 31};
+    /// Net over gross production.
+    static constexpr double correctionCoefficient = 0.7;
+
+    /// The wind map's colour for a yield (kWh per year, catalogue scale): a ramp from pale blue
+    /// (2800 and less) over yellow-green and orange to red (5900 and more).
+    [[nodiscard]] static platform::Color getWindColor(double kwh);
+
+    /// Mean wind of each month over that of the year: the alpine or the standard profile.
+    [[nodiscard]] static const std::array<double, 12>& getMonthlyFactors(const PlaceArgs& place);
+
+    /// Days per wind-speed class for each month, from a Rayleigh distribution round the month's
+    /// mean wind; every month adds up to its length.
+    [[nodiscard]] static WindDistribution calculateMonthlyWindDistribution(
+        const MonthlyWindArgs& args);
+
+    /// Hours of the year per direction and wind-speed class, about 8760 in all. The same label
+    /// gives the same rose in every run.
+    [[nodiscard]] static WindRoseData calculateWindRoseData(const WindRoseArgs& args);
+
+    /// Sky conditions of the north, the centre or the south of Italy, by latitude and region.
+    [[nodiscard]] static SolarData calculateOfflineSolarData(const PlaceArgs& place);
+
+    /// kWh per year of one turbine of `kw` (1, 2; any other counts as 3), a whole number.
+    [[nodiscard]] static double calculateProductionFromDistribution(const WindDistribution& dist,
+                                                                    int kw);
+
+    /// kWh per year of a photovoltaic plant of `kw` kWp, a whole number.
+    [[nodiscard]] static double calculateSolarProduction(const SolarData& solarData, int kw);
+
+    /// An energy for display: no fraction (ties to even), thousands grouped with ".".
+    [[nodiscard]] static std::string formatKWh(double kwh);
+};
+
+}  // namespace kalvo::engine

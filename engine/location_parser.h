@@ -1,0 +1,52 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "engine/catalogue.h"
+#include "geo/geojson.h"
+#include "platform/bundle.h"
+#include "platform/diagnostics.h"
+
+namespace kalvo::engine {
+
+/// A position of a country outline, in degrees.
+struct LatLon {
+    double lat;
+    double lon;
+    friend bool operator==(const LatLon&, const LatLon&) = default;
+};
+using CountryRing = std::vector<LatLon>;
+
+/// Reads the data files that ship with the application. It never fails towards its caller: what
+/// cannot be read gives an empty or absent result and one diagnostic line. Used on the
+/// user-interface thread only.
+class LocationParser {
+ public:
+    /// Both outlive the parser.
+    LocationParser(const platform::Bundle& bundle, platform::Diagnostics& diagnostics)
+        : bundle_(bundle), diagnostics_(diagnostics) {}
+
+    /// The application's own instance, on its bundle and standard output.
+    [[nodiscard]] static LocationParser& shared();
+
+    /// The place catalogue, "comuni_italia.csv".
+    [[nodiscard]] Catalogue loadLocations() const;
+
+    /// The outlines in a GeoJSON resource, named with or without ".json"; nothing when it is
+    /// missing (silently) or cannot be decoded.
+    [[nodiscard]] std::optional<geo::GeoMapData> loadGeoJSON(std::string_view name) const;
+
+    /// The world's country outlines, thinned to at most about 80 positions a ring. Read once;
+    /// after a failure every call tries again. The reference stays valid and unchanged.
+    [[nodiscard]] const std::vector<CountryRing>& loadWorldCountryRings();
+
+ private:
+    const platform::Bundle& bundle_;
+    platform::Diagnostics& diagnostics_;
+    std::optional<std::vector<CountryRing>> cachedWorldRings;
+};
+
+}  // namespace kalvo::engine

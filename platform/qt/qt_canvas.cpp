@@ -1,0 +1,180 @@
+#include "platform/qt/qt_canvas.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainterPath>
+
+#include "platform/qt/clip.h"
+
+namespace kalvo::platform {
+
+namespace {
+
+QColor qtColor(const Color& color) {
+    const auto component = [](double value) {
+        return static_cast<float>(std::clamp(value, 0.0, 1.0));
+    };
+    return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue),
+                            component(color.opacity));
+}
+
+QRectF qtRect(const Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
+QPointF qtPoint(Point point) { return {point.x, point.y}; }
+
+QPen qtPen(const Stroke& stroke) {
+    QPen pen(qtColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    pen.setMiterLimit(10);
+    if (!stroke.dash.empty()) {
+        // Qt counts dashes in pen widths.
+        QList<qreal> pattern;
+        for (const double length : stroke.dash) pattern << length / stroke.width;
+        pen.setDashPattern(pattern);
+    }
+    return pen;
+}
+
+bool isFinite(const Rect& rect) {
+    return !std::isnan(rect.x) && !std::isnan(rect.y) && !std::isnan(rect.width) &&
+           !std::isnan(rect.height);
+}
+
+/// The largest distance from a point to a corner of a rectangle.
+double farthestCorner(const QPointF& from, const QRectF& rect) {
+    const double dx = std::max(std::abs(rect.left() - from.x()), std::abs(rect.right() - from.x()));
+    const double dy = std::max(std::abs(rect.top() - from.y()), std::abs(rect.bottom() - from.y()));
+    return std::hypot(dx, dy);
+}
+
+/// Whether a circle comes anywhere near the area; false for one that is not made of numbers.
+bool reaches(const QRectF& area, Point centre, double radius) {
+    return std::abs(centre.x - area.center().x()) <= radius + area.width() / 2 &&
+           std::abs(centre.y - area.center().y()) <= radius + area.height() / 2;
+}
+
+}  // namespace
+
+QtCanvas::QtCanvas(QPainter& painter, Size size)
+    : painter_(painter), size_(size), base_(painter.worldTransform()) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setRenderHint(QPainter::TextAntialiasing);
+}
+
+QRectF QtCanvas::visibleArea(double margin) const {
+    const QRectF surface(0, 0, size_.width, size_.height);
+    const QTransform toLocal = base_ * painter_.worldTransform().inverted();
+    return toLocal.mapRect(surface).adjusted(-margin, -margin, margin, margin);
+}
+
+void QtCanvas::fillPath(const Path& path, const Color& color) {
+    QPainterPath shape;
+    shape.setFillRule(Qt::WindingFill);
+    const QRectF area = visibleArea(2);
+    for (const Polyline& outline : path.polylines) {
+        const QPolygonF polygon = clippedFill(outline, area);
+        if (polygon.isEmpty()) continue;
+        shape.addPolygon(polygon);
+        shape.closeSubpath();
+    }
+    painter_.fillPath(shape, qtColor(color));
+}
+
+void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
+    QPainterPath lines;
+    // A miter may reach ten half widths from its corner.
+    const QRectF area = visibleArea(2 + 10 * stroke.width);
+    for (const Polyline& line : path.polylines) appendClippedStroke(line, area, lines);
+    painter_.strokePath(lines, qtPen(stroke));
+}
+
+void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
+    QList<QLineF> segments;
+    segments.reserve(static_cast<qsizetype>(lines.points.size()));
+    for (std::size_t line = 0; line < lines.starts.size(); ++line) {
+        const std::size_t end =
+            line + 1 < lines.starts.size() ? lines.starts[line + 1] : lines.points.size();
+        for (std::size_t i = lines.starts[line] + 1; i < end; ++i) {
+            segments.emplace_back(qtPoint(lines.points[i - 1]), qtPoint(lines.points[i]));
+        }
+    }
+    painter_.setPen(qtPen({color, width}));
+    painter_.drawLines(segments);
+}
+
+void QtCanvas::fillRect(const Rect& rect, const Color& color) {
+    if (!isFinite(rect)) return;
+    const double left = boundedCoordinate(rect.x);
+    const double top = boundedCoordinate(rect.y);
+    const QRectF bounded(QPointF(left, top), QPointF(boundedCoordinate(rect.x + rect.width),
+                                                     boundedCoordinate(rect.y + rect.height)));
+    painter_.fillRect(bounded.normalized().intersected(visibleArea(2)), qtColor(color));
+}
+
+void QtCanvas::fillRoundedRect(const Rect& rect, double radius, const Color& color) {
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(qtColor(color));
+    painter_.drawRoundedRect(qtRect(rect), radius, radius);
+}
+
+void QtCanvas::strokeRoundedRect(const Rect& rect, double radius, const Stroke& stroke) {
+    painter_.setPen(qtPen(stroke));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRoundedRect(qtRect(rect), radius, radius);
+}
+
+void QtCanvas::fillCircle(Point centre, double radius, const Color& color) {
+    if (!reaches(visibleArea(2), centre, radius)) return;
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(qtColor(color));
+    painter_.drawEllipse(qtPoint(centre), radius, radius);
+}
+
+void QtCanvas::strokeCircle(Point centre, double radius, const Stroke& stroke) {
+    if (!reaches(visibleArea(2 + stroke.width), centre, radius)) return;
+    painter_.setPen(qtPen(stroke));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawEllipse(qtPoint(centre), radius, radius);
+}
+
+void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
+    if (std::isnan(wedge.radius) || wedge.radius <= 0) return;
+    // An arc beyond the farthest corner is out of sight: there the wedge may end anywhere. Its
+    // chord must be out of sight too, so it ends well beyond.
+    const double radius =
+        std::min(wedge.radius, 4 * farthestCorner(qtPoint(wedge.centre), visibleArea(2)));
+    const QRectF box(wedge.centre.x - radius, wedge.centre.y - radius, 2 * radius, 2 * radius);
+    QPainterPath shape(qtPoint(wedge.centre));
+    // Qt counts angles counter-clockwise from east.
+    shape.arcTo(box, 90 - wedge.startBearing, wedge.startBearing - wedge.endBearing);
+    shape.closeSubpath();
+    painter_.fillPath(shape, qtColor(color));
+}
+
+void QtCanvas::drawText(std::string_view text, Point centre, const TextStyle& style) {
+    if (!reaches(visibleArea(1000), centre, 0)) return;
+    QFont font = painter_.font();
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size))));
+    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
+    painter_.setFont(font);
+    painter_.setPen(qtColor(style.color));
+    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QFontMetricsF metrics(font, painter_.device());
+    const double left = centre.x - metrics.horizontalAdvance(line) / 2;
+    const double baseline = centre.y + (metrics.ascent() - metrics.descent()) / 2;
+    painter_.drawText(QPointF(left, baseline), line);
+}
+
+void QtCanvas::save() { painter_.save(); }
+void QtCanvas::restore() { painter_.restore(); }
+void QtCanvas::translate(double dx, double dy) { painter_.translate(dx, dy); }
+void QtCanvas::scale(double factor) { painter_.scale(factor, factor); }
+
+void QtCanvas::clipRoundedRect(const Rect& rect, double radius) {
+    QPainterPath shape;
+    shape.addRoundedRect(qtRect(rect), radius, radius);
+    painter_.setClipPath(shape, Qt::IntersectClip);
+}
+
+}  // namespace kalvo::platform

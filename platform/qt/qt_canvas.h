@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QPainter>
+
+#include "platform/canvas.h"
+
+namespace kalvo::platform {
+
+/// A `Canvas` on a `QPainter`, whose logical coordinates are the canvas's points. Geometry is
+/// clipped to a little beyond the painter's visible area before it is handed on, because a line
+/// that runs to 1e300 would otherwise keep the rasteriser busy for seconds.
+class QtCanvas final : public Canvas {
+ public:
+    /// Draws on the area `size` of the painter; turns antialiasing on. The painter outlives the
+    /// canvas.
+    QtCanvas(QPainter& painter, Size size);
+
+    void fillPath(const Path& path, const Color& color) override;
+    void strokePath(const Path& path, const Stroke& stroke) override;
+    void strokeLines(const LineBatch& lines, const Color& color, double width) override;
+    void fillRect(const Rect& rect, const Color& color) override;
+    void fillRoundedRect(const Rect& rect, double radius, const Color& color) override;
+    void strokeRoundedRect(const Rect& rect, double radius, const Stroke& stroke) override;
+    void fillCircle(Point centre, double radius, const Color& color) override;
+    void strokeCircle(Point centre, double radius, const Stroke& stroke) override;
+    void fillWedge(const Wedge& wedge, const Color& color) override;
+    void drawText(std::string_view text, Point centre, const TextStyle& style) override;
+
+    void save() override;
+    void restore() override;
+    void translate(double dx, double dy) override;
+    void scale(double factor) override;
+    void clipRoundedRect(const Rect& rect, double radius) override;
+
+ private:
+    /// The surface in the current coordinates, widened on every side by `margin` points.
+    [[nodiscard]] QRectF visibleArea(double margin) const;
+
+    QPainter& painter_;
+    Size size_;
+    QTransform base_;  // the painter's transformation before the canvas's own
+};
+
+}  // namespace kalvo::platform

@@ -1,0 +1,109 @@
+#include "platform/text.h"
+
+#include <algorithm>
+
+#include <QList>
+#include <QString>
+#include <QStringDecoder>
+
+namespace kalvo::platform {
+
+namespace {
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return static_cast<signed char>(character) >= 0; });
+}
+
+QString decoded(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// One code point of a UTF-8 text and how many bytes it takes; a stray byte counts as U+FFFD.
+struct CodePoint {
+    char32_t value;
+    std::size_t length;
+};
+
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+CodePoint decodeFront(std::string_view text) {
+    std::size_t length = 1;
+    while (length < text.size() && length < 4 && isContinuation(text[length])) ++length;
+    if (length == 1) {
+        const auto byte = static_cast<unsigned char>(text.front());
+        return {byte < 0x80 ? byte : U'\uFFFD', 1};
+    }
+    const QList<uint> points = decoded(text.substr(0, length)).toUcs4();
+    return {points.size() == 1 ? points.front() : U'\uFFFD', length};
+}
+
+CodePoint decodeBack(std::string_view text) {
+    std::size_t start = text.size() - 1;
+    while (start > 0 && text.size() - start < 4 && isContinuation(text[start])) --start;
+    return {decodeFront(text.substr(start)).value, text.size() - start};
+}
+
+template <class Predicate>
+std::string_view trimmedWhile(std::string_view text, Predicate isDropped) {
+    while (!text.empty()) {
+        const CodePoint front = decodeFront(text);
+        if (!isDropped(front.value)) break;
+        text.remove_prefix(front.length);
+    }
+    while (!text.empty()) {
+        const CodePoint back = decodeBack(text);
+        if (!isDropped(back.value)) break;
+        text.remove_suffix(back.length);
+    }
+    return text;
+}
+
+bool isSpace(char32_t character) {
+    return character == U'\t' || QChar::category(character) == QChar::Separator_Space;
+}
+
+bool isNewline(char32_t character) {
+    return (character >= U'\n' && character <= U'\r') || character == U'\u0085' ||
+           character == U'\u2028' || character == U'\u2029';
+}
+
+}  // namespace
+
+std::string lowercased(std::string_view text) {
+    if (!isAscii(text)) return decoded(text).toLower().toStdString();
+    std::string lower(text);
+    for (char& character : lower) {
+        if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 32);
+    }
+    return lower;
+}
+
+std::string uppercased(std::string_view text) { return decoded(text).toUpper().toStdString(); }
+
+std::string_view trimmedSpaces(std::string_view text) { return trimmedWhile(text, isSpace); }
+
+std::string_view trimmedSpacesAndNewlines(std::string_view text) {
+    return trimmedWhile(
+        text, [](char32_t character) { return isSpace(character) || isNewline(character); });
+}
+
+std::string_view trimmedToAlphanumerics(std::string_view text) {
+    return trimmedWhile(text, [](char32_t character) {
+        return !QChar::isLetterOrNumber(character) && !QChar::isMark(character);
+    });
+}
+
+std::size_t characterCount(std::string_view text) {
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    [[maybe_unused]] const QString text =
+        decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return !decoder.hasError();
+}
+
+}  // namespace kalvo::platform
