@@ -36,9 +36,10 @@ struct Services {
 };
 
 /// The whole interactive state of one window, and every operation on it. The screen shows its
-/// fields, edits the choices among them and forwards events to the operations; it is told through
-/// `onChanged` when an operation has changed something. Needs neither a window nor a network and
-/// lives on the user-interface thread. Its end gives up the downloads under way.
+/// fields, edits the choices among them, forwards events to the operations and redraws after each;
+/// what an operation does later, when a download has answered, it is told through `onChanged`.
+/// Needs neither a window nor a network and lives on the user-interface thread. Its end gives up
+/// the downloads under way.
 class ContentView {
  public:
     explicit ContentView(const Services& services);
@@ -85,7 +86,7 @@ class ContentView {
 
     const std::vector<std::string> countries;
 
-    /// Called after an operation, or a step of an asynchronous one, has changed the state.
+    /// Called when a step of an operation that had to wait has changed the state.
     std::function<void()> onChanged;
 
     /// Start-up; runs once, when the main screen is first shown.
@@ -114,6 +115,28 @@ class ContentView {
                                    bool isOnline);
     /// Puts the wind texts on the clipboard.
     void copyResult();
+
+ private:
+    /// What a calculation works with once the choices have been validated.
+    struct Calculation {
+        engine::Location place;
+        std::int64_t quantity;  // turbines, at least 1
+        double kwh;             // yield of one turbine, kWh per year on the catalogue's scale
+    };
+
+    [[nodiscard]] bool isOnlineEntry() const { return selectedCountry == kOnlineCountry; }
+    [[nodiscard]] const engine::Location* findPlace() const;
+    void pointAt(const engine::Location& place);
+    void calculateOffline(const Calculation& calculation);
+    [[nodiscard]] engine::SolarData offlineSky(const engine::Location& place) const;
+    void takeSearchResults(std::vector<online::MeteoblueSearchResult> results);
+
+    platform::Task<void> searchOnline();
+    platform::Task<void> searchNear(double lat, double lon);
+    platform::Task<void> calculateOnline(std::string slug, Calculation calculation);
+
+    Services services_;
+    platform::TaskScope tasks_;  // last, so that it ends before what its tasks use
 };
 
 }  // namespace kalvo::app

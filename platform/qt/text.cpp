@@ -15,6 +15,15 @@ bool isAscii(std::string_view text) {
                        [](char character) { return static_cast<signed char>(character) >= 0; });
 }
 
+/// Case mapping of plain ASCII, by far the most of the texts: every letter of the range moved.
+std::string shiftedLetters(std::string_view text, char first, char last, int shift) {
+    std::string shifted(text);
+    for (char& letter : shifted) {
+        if (letter >= first && letter <= last) letter = static_cast<char>(letter + shift);
+    }
+    return shifted;
+}
+
 QString decoded(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -72,14 +81,13 @@ bool isNewline(char32_t character) {
 
 std::string lowercased(std::string_view text) {
     if (!isAscii(text)) return decoded(text).toLower().toStdString();
-    std::string lower(text);
-    for (char& character : lower) {
-        if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 32);
-    }
-    return lower;
+    return shiftedLetters(text, 'A', 'Z', 'a' - 'A');
 }
 
-std::string uppercased(std::string_view text) { return decoded(text).toUpper().toStdString(); }
+std::string uppercased(std::string_view text) {
+    if (!isAscii(text)) return decoded(text).toUpper().toStdString();
+    return shiftedLetters(text, 'a', 'z', 'A' - 'a');
+}
 
 std::string_view trimmedSpaces(std::string_view text) { return trimmedWhile(text, isSpace); }
 
