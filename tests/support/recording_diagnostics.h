@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/diagnostics.h"
+
+namespace kalvo::support {
+
+/// Diagnostics that keep their lines, in order, for a test to compare.
+class RecordingDiagnostics final : public platform::Diagnostics {
+ public:
+    std::vector<std::string> lines;
+
+    void print(std::string_view line) override { lines.emplace_back(line); }
+};
+
+}  // namespace kalvo::support
