@@ -1,0 +1,128 @@
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <vector>
+
+namespace kalvo::geo {
+
+/// A recursive coordinate value: a number, or an array of such values. It is a view of a value
+/// inside a `CoordinateList` and valid as long as that list is, unchanged; copying it is cheap.
+///
+/// The values of one list stand in one pool of words. A word is a number, or, marked by a bit
+/// pattern that no number of a JSON text has, the position in the pool of an array: the word with
+/// its size, followed by its elements. A position of two numbers so takes 32 bytes.
+class AnyCodable {
+ public:
+    using Word = std::uint64_t;
+
+    class Iterator {
+     public:
+        using value_type = AnyCodable;
+        using difference_type = std::ptrdiff_t;
+        using iterator_category = std::input_iterator_tag;
+
+        Iterator() = default;
+        Iterator(const Word* pool, const Word* at) : pool_(pool), at_(at) {}
+        [[nodiscard]] AnyCodable operator*() const { return {pool_, *at_}; }
+        Iterator& operator++() {
+            ++at_;
+            return *this;
+        }
+        Iterator operator++(int) { return {pool_, at_++}; }
+        friend bool operator==(const Iterator&, const Iterator&) = default;
+
+     private:
+        const Word* pool_ = nullptr;
+        const Word* at_ = nullptr;
+    };
+
+    AnyCodable(const Word* pool, Word word) : pool_(pool), word_(word) {}
+
+    [[nodiscard]] bool isNumber() const { return word_ < kArrayMark; }
+    [[nodiscard]] bool isArray() const { return !isNumber(); }
+
+    /// The value of a number; only to be asked of one.
+    [[nodiscard]] double number() const { return std::bit_cast<double>(word_); }
+
+    /// How many elements an array has; 0 for a number.
+    [[nodiscard]] std::size_t size() const { return isArray() ? header()[0] : 0; }
+    [[nodiscard]] bool empty() const { return size() == 0; }
+
+    /// An element of an array; `index` is below its size.
+    [[nodiscard]] AnyCodable operator[](std::size_t index) const {
+        return {pool_, header()[1 + index]};
+    }
+    [[nodiscard]] AnyCodable front() const { return (*this)[0]; }
+
+    /// The elements of an array in order; none for a number.
+    [[nodiscard]] Iterator begin() const { return {pool_, isArray() ? header() + 1 : nullptr}; }
+    [[nodiscard]] Iterator end() const {
+        return {pool_, isArray() ? header() + 1 + size() : nullptr};
+    }
+
+ private:
+    friend class CoordinateList;
+
+    /// The bit patterns from here on are those of NaNs, which JSON cannot write.
+    static constexpr Word kArrayMark = 0xFFFF'0000'0000'0000;
+
+    [[nodiscard]] const Word* header() const { return pool_ + (word_ & ~kArrayMark); }
+
+    const Word* pool_;
+    Word word_;
+};
+
+/// A list of coordinate values, of any depth. A value: copies are independent and compare equal
+/// when they hold the same numbers in the same nesting.
+class CoordinateList {
+ public:
+    using Word = AnyCodable::Word;
+
+    CoordinateList() = default;
+    /// Takes over a pool laid out as `AnyCodable` describes, the list's own array first.
+    explicit CoordinateList(std::vector<Word> pool) : pool_(std::move(pool)) {}
+
+    [[nodiscard]] static Word numberWord(double number) { return std::bit_cast<Word>(number); }
+    [[nodiscard]] static Word arrayWord(std::size_t position) {
+        return AnyCodable::kArrayMark | position;
+    }
+
+    [[nodiscard]] std::size_t size() const { return root().size(); }
+    [[nodiscard]] bool empty() const { return root().empty(); }
+    [[nodiscard]] AnyCodable operator[](std::size_t index) const { return root()[index]; }
+    [[nodiscard]] AnyCodable::Iterator begin() const { return root().begin(); }
+    [[nodiscard]] AnyCodable::Iterator end() const { return root().end(); }
+
+    friend bool operator==(const CoordinateList&, const CoordinateList&) = default;
+
+ private:
+    [[nodiscard]] AnyCodable root() const { return {pool_.data(), arrayWord(0)}; }
+
+    std::vector<Word> pool_{0};
+};
+
+/// Calls `visit` for every value of the list in document order, each before its elements. The
+/// elements of an array follow only when `visit` returns true for it. Nesting of any depth is
+/// walked without recursion.
+template <class Visit>
+void walk(const CoordinateList& list, Visit visit) {
+    struct Open {
+        AnyCodable::Iterator next;
+        AnyCodable::Iterator end;
+    };
+    std::vector<Open> open{{list.begin(), list.end()}};
+    while (!open.empty()) {
+        Open& innermost = open.back();
+        if (innermost.next == innermost.end) {
+            open.pop_back();
+            continue;
+        }
+        const AnyCodable value = *innermost.next++;
+        if (visit(value)) open.push_back({value.begin(), value.end()});
+    }
+}
+
+}  // namespace kalvo::geo
