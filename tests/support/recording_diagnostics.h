@@ -6,7 +6,7 @@
 
 #include "platform/diagnostics.h"
 
-namespace kalvo::support {
+namespace kalvo::tests {
 
 /// Diagnostics that keep their lines, in order, for a test to compare.
 class RecordingDiagnostics final : public platform::Diagnostics {
@@ -16,4 +16,4 @@ class RecordingDiagnostics final : public platform::Diagnostics {
     void print(std::string_view line) override { lines.emplace_back(line); }
 };
 
-}  // namespace kalvo::support
+}  // namespace kalvo::tests

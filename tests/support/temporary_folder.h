@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace kalvo::support {
+namespace kalvo::tests {
 
 /// An empty folder for the files of one test, removed with all it holds at the end.
 class TemporaryFolder {
@@ -40,4 +40,4 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
-}  // namespace kalvo::support
+}  // namespace kalvo::tests
