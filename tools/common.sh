@@ -37,10 +37,10 @@ need_packages() {
         fail "missing here: ${missing[*]} (names of Debian 12 packages; install their like and start again)"
     fi
 
-    # dpkg-query answers for the packages it knows and complains about the others.
+    # dpkg-query answers for the packages it knows and complains, and fails, about the others.
     # shellcheck disable=SC2046
-    installed=$(dpkg-query -W -f '${db:Status-Abbrev}${Package}\n' $(cut -d '|' -f 1 <<<"$wanted") \
-        2>/dev/null | sed -n 's/^.i //p')
+    installed=$({ dpkg-query -W -f '${db:Status-Abbrev}${Package}\n' \
+        $(cut -d '|' -f 1 <<<"$wanted") 2>/dev/null || true; } | sed -n 's/^.i //p')
     while IFS='|' read -r name probe; do
         [[ $'\n'$installed$'\n' == *$'\n'$name$'\n'* ]] || missing+=("$name")
     done <<<"$wanted"
