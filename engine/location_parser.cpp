@@ -1,0 +1,164 @@
+#include "engine/location_parser.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <limits>
+#include <map>
+#include <string>
+
+#include "engine/delimited_text.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+
+namespace kalvo::engine {
+
+namespace {
+
+constexpr std::string_view kCatalogueFile = "comuni_italia.csv";
+
+/// Where a column that the header does not name stands: beyond every line's last field.
+constexpr std::size_t kNowhere = std::numeric_limits<std::size_t>::max();
+
+/// The positions of the columns that make a place.
+struct Columns {
+    std::size_t city;
+    std::size_t province;
+    std::size_t region;
+    std::size_t station;
+    std::size_t kwh1kw;
+    std::size_t kwh2kw;
+    std::size_t kwh3kw;
+    std::size_t latitude;
+    std::size_t longitude;
+
+    /// How many fields of a line are of any use.
+    [[nodiscard]] std::size_t fieldLimit() const {
+        std::size_t limit = 0;
+        for (const std::size_t position :
+             {city, province, region, station, kwh1kw, kwh2kw, kwh3kw, latitude, longitude}) {
+            if (position != kNowhere) limit = std::max(limit, position + 1);
+        }
+        return limit;
+    }
+};
+
+using Fields = std::vector<std::string_view>;
+
+Columns readHeader(std::string_view line) {
+    Fields names;
+    splitFields(line, kNowhere, names);
+    std::map<std::string, std::size_t, std::less<>> positions;
+    for (std::size_t position = 0; position < names.size(); ++position) {
+        const std::string_view name = platform::trimmedSpacesAndNewlines(names[position]);
+        positions.insert_or_assign(platform::lowercased(name), position);
+    }
+    const auto column = [&positions](std::string_view name, std::size_t unnamed = kNowhere) {
+        const auto found = positions.find(name);
+        return found == positions.end() ? unnamed : found->second;
+    };
+    return {
+        .city = column("luogo"),
+        .province = column("provincia"),
+        .region = column("regione"),
+        .station = column("centralina"),
+        .kwh1kw = column("kwh_1kw_annui", 3),
+        .kwh2kw = column("kwh_2kw_annui", 4),
+        .kwh3kw = column("kwh_3kw_annui", 5),
+        .latitude = column("latitude"),
+        .longitude = column("longitude"),
+    };
+}
+
+std::optional<double> numberIn(const Fields& fields, std::size_t position) {
+    if (position >= fields.size()) return std::nullopt;
+    const std::string_view field = fields[position];
+    if (field.find(',') == std::string_view::npos) return platform::parseDouble(field);
+    std::string withPoint(field);
+    std::replace(withPoint.begin(), withPoint.end(), ',', '.');
+    return platform::parseDouble(withPoint);
+}
+
+std::string joined(std::initializer_list<std::string_view> parts) {
+    std::size_t size = 0;
+    for (const std::string_view part : parts) size += part.size();
+    std::string text;
+    text.reserve(size);
+    for (const std::string_view part : parts) text += part;
+    return text;
+}
+
+/// The place on a line, or nothing when the line does not reach its name, province and region.
+std::optional<Location> readPlace(const Fields& fields, const Columns& columns) {
+    if (std::max({columns.city, columns.province, columns.region}) >= fields.size()) {
+        return std::nullopt;
+    }
+    const std::string_view city = platform::trimmedSpaces(fields[columns.city]);
+    const std::string_view province = platform::trimmedSpaces(fields[columns.province]);
+    // A station of blanks is one without a name, not none.
+    const bool hasStation = columns.station < fields.size() && !fields[columns.station].empty();
+    const std::string_view station =
+        hasStation ? platform::trimmedSpaces(fields[columns.station]) : std::string_view{};
+    return Location{
+        .label = hasStation ? joined({city, " (", province, ") - ", station})
+                            : joined({city, " (", province, ")"}),
+        .city = std::string(city),
+        .province = std::string(province),
+        .region = std::string(platform::trimmedSpaces(fields[columns.region])),
+        .kwh1kw = numberIn(fields, columns.kwh1kw),
+        .kwh2kw = numberIn(fields, columns.kwh2kw),
+        .kwh3kw = numberIn(fields, columns.kwh3kw),
+        .latitude = numberIn(fields, columns.latitude),
+        .longitude = numberIn(fields, columns.longitude),
+        .station = std::string(station),
+        .stationOwner = "",
+        .source = std::string(kCatalogueFile),
+    };
+}
+
+std::vector<Location> readPlaces(std::string_view text) {
+    constexpr std::size_t kTypicalLine = 64;  // bytes
+    const Columns columns = readHeader(takeLine(text));
+    const std::size_t fieldLimit = columns.fieldLimit();
+    std::vector<Location> places;
+    places.reserve(text.size() / kTypicalLine);
+    Fields fields;
+    while (!text.empty()) {
+        const std::string_view line = platform::trimmedSpacesAndNewlines(takeLine(text));
+        if (line.empty()) continue;
+        splitFields(line, fieldLimit, fields);
+        if (auto place = readPlace(fields, columns)) places.push_back(*std::move(place));
+    }
+    return places;
+}
+
+platform::Result<std::string> utf8Text(std::string bytes) {
+    if (!platform::isValidUtf8(bytes)) {
+        return platform::Failure({"FileRead", EILSEQ, "the file is not UTF-8 text"});
+    }
+    return bytes;
+}
+
+}  // namespace
+
+LocationParser& LocationParser::shared() {
+    static LocationParser parser(platform::Bundle::main(), platform::Diagnostics::standardOutput());
+    return parser;
+}
+
+Catalogue LocationParser::loadLocations() const {
+    const auto path = bundle_.path("comuni_italia", "csv");
+    if (!path) {
+        diagnostics_.print(std::string(kCatalogueFile) + " not found in bundle!");
+        return {};
+    }
+    const platform::Result<std::string> text = platform::readFile(*path).and_then(utf8Text);
+    if (!text) {
+        diagnostics_.print("Error loading " + std::string(kCatalogueFile) + ": " +
+                           text.error().description());
+        return {};
+    }
+    return Catalogue(readPlaces(*text));
+}
+
+}  // namespace kalvo::engine
