@@ -191,8 +191,10 @@ TEST_F(CatalogueLoading, AFileWithoutPermissionIsUnreadable) {
     constexpr uid_t kNobody = 65534;
     const uid_t user = geteuid();
     if (user == 0) {
-        std::filesystem::permissions(folder_.path(), std::filesystem::perms::others_exec,
-                                     std::filesystem::perm_options::add);
+        std::filesystem::permissions(
+            folder_.path(),
+            std::filesystem::perms::group_exec | std::filesystem::perms::others_exec,
+            std::filesystem::perm_options::add);
         ASSERT_EQ(seteuid(kNobody), 0);
     }
     const Catalogue catalogue = load();
