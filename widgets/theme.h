@@ -12,7 +12,7 @@ namespace kalvo::widgets {
 /// The named text styles, from the largest to the smallest.
 enum class FontStyle { kTitle2, kTitle3, kHeadline, kBody, kSubheadline, kCaption, kCaption2 };
 
-enum class FontWeight { kRegular, kBold };
+enum class FontWeight { kRegular, kMedium, kBold };
 
 /// What a text is, and so which colour it takes.
 enum class TextRole { kPrimary, kSecondary, kTertiary, kBrand, kOrange };
@@ -25,6 +25,7 @@ struct Theme {
     QColor sidebar;
     QColor field;
     QColor fieldBorder;
+    QColor buttonHover;  // of a bordered button under the pointer
     QColor divider;
     QColor text;
     QColor secondaryText;
@@ -36,6 +37,7 @@ struct Theme {
     QColor accentPressed;
     QColor track;  // of segmented controls
     QColor thumb;
+    QColor thumbBorder;
     QColor windBox;     // green at 12 % on whatever lies below
     QColor solarBox;    // yellow at 12 %
     QColor tablePaper;  // gray at 5 %

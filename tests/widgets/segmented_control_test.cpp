@@ -1,0 +1,64 @@
+#include "widgets/segmented_control.h"
+
+#include <gtest/gtest.h>
+#include <QAccessible>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace kalvo::widgets {
+namespace {
+
+class SegmentedControlTest : public testing::Test {
+ protected:
+    SegmentedControlTest() {
+        control.resize(300, 28);
+        control.show();
+        QApplication::setActiveWindow(&control);
+    }
+
+    [[nodiscard]] QRadioButton* segment(int index) const {
+        return control.findChildren<QRadioButton*>().at(index);
+    }
+
+    SegmentedControl control{QStringLiteral("Tipo Turbina"), {"1 kW", "2 kW", "3 kW"}};
+    QSignalSpy chosen{&control, &SegmentedControl::indexChosen};
+};
+
+TEST_F(SegmentedControlTest, AClickAnywhereOnASegmentChoosesIt) {
+    QTest::mouseClick(segment(2), Qt::LeftButton, {}, QPoint(segment(2)->width() - 2, 2));
+    EXPECT_EQ(control.index(), 2);
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen[0][0].toInt(), 2);
+}
+
+TEST_F(SegmentedControlTest, TheStateMayChooseWithoutASignal) {
+    control.setIndex(1);
+    EXPECT_TRUE(segment(1)->isChecked());
+    control.setIndex(7);
+    EXPECT_EQ(control.index(), 1) << "an index out of range must leave the choice";
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(SegmentedControlTest, TheKeyboardStopsAtTheChosenSegmentAndMovesWithArrows) {
+    control.setIndex(1);
+    segment(0)->setFocus(Qt::OtherFocusReason);
+    segment(1)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(segment(1), Qt::Key_Right);
+    EXPECT_EQ(control.index(), 2);
+    EXPECT_TRUE(segment(2)->hasFocus());
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen[0][0].toInt(), 2);
+}
+
+TEST_F(SegmentedControlTest, ScreenReadersSeeNamedRadioButtons) {
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&control);
+    EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Tipo Turbina"));
+    ASSERT_EQ(face->childCount(), 3);
+    EXPECT_EQ(face->child(1)->role(), QAccessible::RadioButton);
+    EXPECT_EQ(face->child(1)->text(QAccessible::Name), QStringLiteral("2 kW"));
+    EXPECT_TRUE(face->child(0)->state().checked);
+}
+
+}  // namespace
+}  // namespace kalvo::widgets

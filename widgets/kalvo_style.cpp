@@ -1,0 +1,217 @@
+#include "widgets/kalvo_style.h"
+
+#include <QAbstractItemView>
+#include <QFrame>
+
+#include "widgets/paint.h"
+#include "widgets/style_parts.h"
+#include "widgets/theme.h"
+
+namespace kalvo::widgets {
+
+namespace {
+
+template <class Option>
+const Option& as(const QStyleOption* option) {
+    return *static_cast<const Option*>(option);
+}
+
+}  // namespace
+
+KalvoStyle::KalvoStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void KalvoStyle::drawPrimitive(PrimitiveElement element,
+                               const QStyleOption* option,
+                               QPainter* painter,
+                               const QWidget* widget) const {
+    const Theme& theme = Theme::current();
+    switch (element) {
+        case PE_PanelLineEdit:
+            paintField(*option, *painter);
+            return;
+        case PE_PanelButtonCommand:
+            paintButtonBox(as<QStyleOptionButton>(option), *painter, widget);
+            return;
+        case PE_FrameFocusRect:
+            // In a list the selection shows where the keyboard is.
+            if (qobject_cast<const QAbstractItemView*>(widget) == nullptr && showsFocus(*option)) {
+                paintFocusRing(*painter, option->rect, kCornerRadius);
+            }
+            return;
+        case PE_PanelItemViewItem:
+            paintListSelection(as<QStyleOptionViewItem>(option), *painter);
+            return;
+        case PE_PanelMenu:
+            painter->fillRect(option->rect, theme.field);
+            return;
+        case PE_Frame:
+        case PE_FrameMenu:
+        case PE_PanelTipLabel:
+            paintBox(*painter, option->rect, 0,
+                     element == PE_PanelTipLabel ? theme.field : QColor(Qt::transparent),
+                     theme.fieldBorder);
+            return;
+        case PE_PanelItemViewRow:
+            return;
+        default:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void KalvoStyle::drawControl(ControlElement element,
+                             const QStyleOption* option,
+                             QPainter* painter,
+                             const QWidget* widget) const {
+    switch (element) {
+        case CE_PushButtonBevel:
+            paintButtonBox(as<QStyleOptionButton>(option), *painter, widget);
+            return;
+        case CE_PushButtonLabel:
+            paintButtonLabel(as<QStyleOptionButton>(option), *painter, widget);
+            return;
+        case CE_ComboBoxLabel:
+            paintComboBoxLabel(as<QStyleOptionComboBox>(option), *painter);
+            return;
+        case CE_MenuItem:
+            paintMenuItem(as<QStyleOptionMenuItem>(option), *painter);
+            return;
+        case CE_MenuBarItem:
+            paintMenuBarItem(as<QStyleOptionMenuItem>(option), *painter);
+            return;
+        case CE_MenuBarEmptyArea:
+            painter->fillRect(option->rect, Theme::current().sidebar);
+            return;
+        case CE_Splitter:
+            painter->fillRect(option->rect, Theme::current().divider);
+            return;
+        default:
+            QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
+void KalvoStyle::drawComplexControl(ComplexControl control,
+                                    const QStyleOptionComplex* option,
+                                    QPainter* painter,
+                                    const QWidget* widget) const {
+    switch (control) {
+        case CC_ComboBox:
+            paintComboBox(as<QStyleOptionComboBox>(option), *painter);
+            return;
+        case CC_ScrollBar:
+            paintScrollBar(as<QStyleOptionSlider>(option), *painter, widget);
+            return;
+        default:
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+}
+
+QSize KalvoStyle::sizeFromContents(ContentsType type,
+                                   const QStyleOption* option,
+                                   const QSize& contents,
+                                   const QWidget* widget) const {
+    switch (type) {
+        case CT_PushButton:
+            return buttonSize(as<QStyleOptionButton>(option), widget);
+        case CT_LineEdit:
+            return {contents.width() + 20, kControlHeight};
+        case CT_ComboBox:
+            return {contents.width() + 36, kControlHeight};
+        case CT_MenuItem:
+            return menuItemSize(as<QStyleOptionMenuItem>(option), contents);
+        case CT_MenuBarItem:
+            return {contents.width() + 20, 28};
+        case CT_ItemViewItem: {
+            const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+            return {size.width(), 26};
+        }
+        default:
+            return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+}
+
+QRect KalvoStyle::subElementRect(SubElement element,
+                                 const QStyleOption* option,
+                                 const QWidget* widget) const {
+    switch (element) {
+        case SE_PushButtonFocusRect:
+            return option->rect.adjusted(0, 0, 0, -1);
+        case SE_LineEditContents:
+            // The field adds two points of its own on either side.
+            return option->rect.adjusted(8, 0, -8, -1);
+        default:
+            return QProxyStyle::subElementRect(element, option, widget);
+    }
+}
+
+QRect KalvoStyle::subControlRect(ComplexControl control,
+                                 const QStyleOptionComplex* option,
+                                 SubControl part,
+                                 const QWidget* widget) const {
+    if (control == CC_ScrollBar) {
+        if (part == SC_ScrollBarSlider) return scrollBarThumb(as<QStyleOptionSlider>(option));
+        if (part == SC_ScrollBarGroove) return option->rect;
+        if (part == SC_ScrollBarAddLine || part == SC_ScrollBarSubLine) return {};
+        const QRect thumb = scrollBarThumb(as<QStyleOptionSlider>(option));
+        QRect rest = option->rect;
+        const bool isVertical = as<QStyleOptionSlider>(option).orientation == Qt::Vertical;
+        if (part == SC_ScrollBarSubPage) {
+            isVertical ? rest.setBottom(thumb.top() - 1) : rest.setRight(thumb.left() - 1);
+            return rest;
+        }
+        if (part == SC_ScrollBarAddPage) {
+            isVertical ? rest.setTop(thumb.bottom() + 1) : rest.setLeft(thumb.right() + 1);
+            return rest;
+        }
+    }
+    if (control == CC_ComboBox && part == SC_ComboBoxListBoxPopup) return option->rect;
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+int KalvoStyle::pixelMetric(PixelMetric metric,
+                            const QStyleOption* option,
+                            const QWidget* widget) const {
+    switch (metric) {
+        case PM_ScrollBarExtent:
+            return 11;
+        case PM_ScrollView_ScrollBarSpacing:
+        case PM_MenuBarPanelWidth:
+        case PM_MenuBarVMargin:
+        case PM_ButtonShiftHorizontal:
+        case PM_ButtonShiftVertical:
+        case PM_MenuHMargin:
+            return 0;
+        // Without a panel width menus lose their border.
+        case PM_MenuPanelWidth:
+        case PM_SplitterWidth:
+            return 1;
+        case PM_MenuVMargin:
+            return 4;
+        case PM_MenuBarHMargin:
+            return 7;
+        case PM_MenuBarItemSpacing:
+            return 0;
+        case PM_FocusFrameHMargin:
+            return 9;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int KalvoStyle::styleHint(StyleHint hint,
+                          const QStyleOption* option,
+                          const QWidget* widget,
+                          QStyleHintReturn* returned) const {
+    switch (hint) {
+        // As a menu, the list would lay out every one of its thousands of entries.
+        case SH_ComboBox_Popup:
+        case SH_EtchDisabledText:
+        case SH_UnderlineShortcut:
+            return 0;
+        case SH_ComboBox_PopupFrameStyle:
+            return QFrame::StyledPanel | QFrame::Plain;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+}
+
+}  // namespace kalvo::widgets

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace kalvo::widgets {
+
+/// The controls of the application on Qt's Fusion style: fields, drop-down menus, buttons, scroll
+/// bars, menus and the ring round what has the keyboard focus. A QPushButton is bordered; one
+/// whose property "prominent" is true is filled with the accent colour, as is a checkable one
+/// while it is on. Colours and fonts come from `Theme`; a style, unlike a style sheet, costs
+/// nothing at the start.
+class KalvoStyle final : public QProxyStyle {
+    Q_OBJECT
+
+ public:
+    KalvoStyle();
+
+    void drawPrimitive(PrimitiveElement element,
+                       const QStyleOption* option,
+                       QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element,
+                     const QStyleOption* option,
+                     QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control,
+                            const QStyleOptionComplex* option,
+                            QPainter* painter,
+                            const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type,
+                                         const QStyleOption* option,
+                                         const QSize& contents,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] QRect subElementRect(SubElement element,
+                                       const QStyleOption* option,
+                                       const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control,
+                                       const QStyleOptionComplex* option,
+                                       SubControl part,
+                                       const QWidget* widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric,
+                                  const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint,
+                                const QStyleOption* option,
+                                const QWidget* widget,
+                                QStyleHintReturn* returned) const override;
+};
+
+}  // namespace kalvo::widgets
