@@ -147,7 +147,7 @@ TEST(WindRoseChartView, KnowsWhatLiesUnderAPoint) {
     EXPECT_EQ(view.hitTest({225, 143}, kSize), (Hit{4, 3}));
     EXPECT_EQ(view.hitTest({236, 145}, kSize), (Hit{4, 5}));
     EXPECT_EQ(view.hitTest({238, 145}, kSize), (Hit{4, 6}));
-    EXPECT_EQ(view.hitTest({245, 145}, kSize), (Hit{4, std::nullopt}));  // beyond the wedge
+    EXPECT_EQ(view.hitTest({245, 145}, kSize), (Hit{4, std::nullopt}));    // beyond the wedge
     EXPECT_EQ(view.hitTest({230, 140.5}, kSize), (Hit{4, std::nullopt}));  // beside it
     EXPECT_EQ(view.hitTest({100, 145}, kSize), (Hit{12, 2}));
     EXPECT_EQ(view.hitTest({200, 100}, kSize), (Hit{0, std::nullopt}));
