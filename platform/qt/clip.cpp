@@ -1,15 +1,45 @@
 #include "platform/qt/clip.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace kalvo::platform {
 
 namespace {
 
-/// Beyond a trillion points a line's direction inside any window no longer changes visibly.
-constexpr double kFarthest = 1e12;
+constexpr double kFarthest = 8e307;
+
+/// One side of the area, as the half plane that the area lies in.
+struct Side {
+    enum class Axis { kX, kY } axis;
+    double bound;
+    double inward;  // 1 where the coordinates grow into the area, else -1
+
+    [[nodiscard]] double depth(const QPointF& point) const {
+        return inward * ((axis == Axis::kX ? point.x() : point.y()) - bound);
+    }
+
+    /// Where a segment with one end inside and one outside crosses the side. Measured from the end
+    /// that is nearer: from an end at 1e300 the other one would be lost in rounding.
+    [[nodiscard]] QPointF crossing(const QPointF& one, const QPointF& other) const {
+        const bool oneIsNearer = std::abs(depth(one)) <= std::abs(depth(other));
+        const QPointF& near = oneIsNearer ? one : other;
+        const QPointF& far = oneIsNearer ? other : one;
+        const double share = depth(near) / (depth(near) - depth(far));
+        const QPointF point = near + (far - near) * share;
+        return axis == Axis::kX ? QPointF(bound, point.y()) : QPointF(point.x(), bound);
+    }
+};
+
+std::array<Side, 4> sidesOf(const QRectF& area) {
+    return {{{Side::Axis::kX, area.left(), 1},
+             {Side::Axis::kX, area.right(), -1},
+             {Side::Axis::kY, area.top(), 1},
+             {Side::Axis::kY, area.bottom(), -1}}};
+}
 
 std::vector<QPointF> boundedPoints(const Polyline& line) {
     std::vector<QPointF> points;
@@ -21,52 +51,31 @@ std::vector<QPointF> boundedPoints(const Polyline& line) {
     return points;
 }
 
-/// The polygon's part on one side of an axis-parallel line (one step of Sutherland and Hodgman,
-/// 1974). `distance` is positive inside.
-template <class Distance>
-QPolygonF clippedToSide(const QPolygonF& polygon, Distance distance) {
+/// The polygon's part on the inner side (one step of Sutherland and Hodgman, 1974).
+QPolygonF clippedToSide(const QPolygonF& polygon, const Side& side) {
     QPolygonF kept;
     for (qsizetype i = 0; i < polygon.size(); ++i) {
         const QPointF& from = polygon[i];
         const QPointF& to = polygon[(i + 1) % polygon.size()];
-        const double fromDistance = distance(from);
-        const double toDistance = distance(to);
-        if (fromDistance >= 0) kept << from;
-        if ((fromDistance >= 0) != (toDistance >= 0)) {
-            kept << from + (to - from) * (fromDistance / (fromDistance - toDistance));
-        }
+        const bool fromInside = side.depth(from) >= 0;
+        if (fromInside) kept << from;
+        if (fromInside != (side.depth(to) >= 0)) kept << side.crossing(from, to);
     }
     return kept;
 }
 
-struct Segment {
-    QPointF from;
-    QPointF to;
-};
-
-/// The part of a segment inside the area (Liang and Barsky, 1984).
-std::optional<Segment> clippedSegment(const Segment& segment, const QRectF& area) {
-    const QPointF delta = segment.to - segment.from;
-    double enter = 0;
-    double leave = 1;
-    const auto narrow = [&](double direction, double room) {
-        if (direction == 0) return room >= 0;
-        const double at = room / direction;
-        if (direction < 0) {
-            enter = std::max(enter, at);
-        } else {
-            leave = std::min(leave, at);
-        }
-        return enter <= leave;
-    };
-    if (!narrow(-delta.x(), segment.from.x() - area.left()) ||
-        !narrow(delta.x(), area.right() - segment.from.x()) ||
-        !narrow(-delta.y(), segment.from.y() - area.top()) ||
-        !narrow(delta.y(), area.bottom() - segment.from.y())) {
-        return std::nullopt;
+/// The part of a segment inside all sides.
+std::optional<std::pair<QPointF, QPointF>> clippedSegment(QPointF from,
+                                                          QPointF to,
+                                                          const std::array<Side, 4>& sides) {
+    for (const Side& side : sides) {
+        const bool fromInside = side.depth(from) >= 0;
+        const bool toInside = side.depth(to) >= 0;
+        if (!fromInside && !toInside) return std::nullopt;
+        if (fromInside == toInside) continue;
+        (fromInside ? to : from) = side.crossing(from, to);
     }
-    return Segment{enter > 0 ? segment.from + delta * enter : segment.from,
-                   leave < 1 ? segment.from + delta * leave : segment.to};
+    return std::pair(from, to);
 }
 
 }  // namespace
@@ -77,34 +86,37 @@ QPolygonF clippedFill(const Polyline& outline, const QRectF& area) {
     const std::vector<QPointF> points = boundedPoints(outline);
     QPolygonF polygon(QList<QPointF>(points.begin(), points.end()));
     if (area.contains(polygon.boundingRect())) return polygon;
-    polygon = clippedToSide(polygon, [&](const QPointF& p) { return p.x() - area.left(); });
-    polygon = clippedToSide(polygon, [&](const QPointF& p) { return area.right() - p.x(); });
-    polygon = clippedToSide(polygon, [&](const QPointF& p) { return p.y() - area.top(); });
-    return clippedToSide(polygon, [&](const QPointF& p) { return area.bottom() - p.y(); });
+    for (const Side& side : sidesOf(area)) polygon = clippedToSide(polygon, side);
+    return polygon;
 }
 
 void appendClippedStroke(const Polyline& line, const QRectF& area, QPainterPath& path) {
     std::vector<QPointF> points = boundedPoints(line);
-    if (points.empty()) return;
-    const bool inside = std::all_of(points.begin(), points.end(),
-                                    [&](const QPointF& point) { return area.contains(point); });
-    if (inside) {
+    const auto outside = std::find_if(points.begin(), points.end(),
+                                      [&](const QPointF& point) { return !area.contains(point); });
+    if (outside == points.end()) {
+        if (points.size() < 2) return;
         path.moveTo(points.front());
         for (std::size_t i = 1; i < points.size(); ++i) path.lineTo(points[i]);
         if (line.closed) path.closeSubpath();
         return;
     }
-    if (line.closed) points.push_back(points.front());
+    if (line.closed) {
+        // Begun out of sight, so that no corner in sight is torn into two ends.
+        std::rotate(points.begin(), outside, points.end());
+        points.push_back(points.front());
+    }
+    const std::array<Side, 4> sides = sidesOf(area);
     bool joined = false;
     for (std::size_t i = 1; i < points.size(); ++i) {
-        const auto visible = clippedSegment({points[i - 1], points[i]}, area);
+        const auto visible = clippedSegment(points[i - 1], points[i], sides);
         if (!visible) {
             joined = false;
             continue;
         }
-        if (!joined || visible->from != points[i - 1]) path.moveTo(visible->from);
-        path.lineTo(visible->to);
-        joined = visible->to == points[i];
+        if (!joined || visible->first != points[i - 1]) path.moveTo(visible->first);
+        path.lineTo(visible->second);
+        joined = visible->second == points[i];
     }
 }
 

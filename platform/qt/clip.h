@@ -14,10 +14,10 @@ namespace kalvo::platform {
 [[nodiscard]] QPolygonF clippedFill(const Polyline& outline, const QRectF& area);
 
 /// Appends the parts of a stroked line that touch `area`, each as a sub-path. A line wholly inside
-/// stays one sub-path.
+/// stays one sub-path, and every corner inside stays a corner.
 void appendClippedStroke(const Polyline& line, const QRectF& area, QPainterPath& path);
 
-/// A coordinate brought into a range in which sums and products stay exact enough to draw with.
+/// A coordinate brought into a range in which differences do not overflow.
 [[nodiscard]] double boundedCoordinate(double value);
 
 }  // namespace kalvo::platform

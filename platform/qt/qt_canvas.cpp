@@ -36,7 +36,7 @@ QPen qtPen(const Stroke& stroke) {
     return pen;
 }
 
-bool isFinite(const Rect& rect) {
+bool isNumber(const Rect& rect) {
     return !std::isnan(rect.x) && !std::isnan(rect.y) && !std::isnan(rect.width) &&
            !std::isnan(rect.height);
 }
@@ -48,10 +48,16 @@ double farthestCorner(const QPointF& from, const QRectF& rect) {
     return std::hypot(dx, dy);
 }
 
-/// Whether a circle comes anywhere near the area; false for one that is not made of numbers.
+/// Whether a circle comes anywhere near the area; false for one that is not made of numbers or
+/// has no inside.
 bool reaches(const QRectF& area, Point centre, double radius) {
-    return std::abs(centre.x - area.center().x()) <= radius + area.width() / 2 &&
+    return radius >= 0 && std::abs(centre.x - area.center().x()) <= radius + area.width() / 2 &&
            std::abs(centre.y - area.center().y()) <= radius + area.height() / 2;
+}
+
+/// Whether the whole area lies inside a circle.
+bool covers(const QRectF& area, Point centre, double radius) {
+    return farthestCorner(qtPoint(centre), area) < radius;
 }
 
 }  // namespace
@@ -104,7 +110,7 @@ void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double wi
 }
 
 void QtCanvas::fillRect(const Rect& rect, const Color& color) {
-    if (!isFinite(rect)) return;
+    if (!isNumber(rect)) return;
     const double left = boundedCoordinate(rect.x);
     const double top = boundedCoordinate(rect.y);
     const QRectF bounded(QPointF(left, top), QPointF(boundedCoordinate(rect.x + rect.width),
@@ -125,25 +131,30 @@ void QtCanvas::strokeRoundedRect(const Rect& rect, double radius, const Stroke& 
 }
 
 void QtCanvas::fillCircle(Point centre, double radius, const Color& color) {
-    if (!reaches(visibleArea(2), centre, radius)) return;
+    const QRectF area = visibleArea(2);
+    if (!reaches(area, centre, radius)) return;
+    if (covers(area, centre, radius)) {
+        painter_.fillRect(area, qtColor(color));
+        return;
+    }
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(qtColor(color));
     painter_.drawEllipse(qtPoint(centre), radius, radius);
 }
 
 void QtCanvas::strokeCircle(Point centre, double radius, const Stroke& stroke) {
-    if (!reaches(visibleArea(2 + stroke.width), centre, radius)) return;
+    const QRectF area = visibleArea(2 + stroke.width);
+    if (!reaches(area, centre, radius) || covers(area, centre, radius)) return;
     painter_.setPen(qtPen(stroke));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawEllipse(qtPoint(centre), radius, radius);
 }
 
 void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
-    if (std::isnan(wedge.radius) || wedge.radius <= 0) return;
-    // An arc beyond the farthest corner is out of sight: there the wedge may end anywhere. Its
-    // chord must be out of sight too, so it ends well beyond.
-    const double radius =
-        std::min(wedge.radius, 4 * farthestCorner(qtPoint(wedge.centre), visibleArea(2)));
+    const QRectF area = visibleArea(2);
+    if (wedge.radius <= 0 || !reaches(area, wedge.centre, wedge.radius)) return;
+    // Beyond the farthest corner the arc is out of sight, wherever it runs.
+    const double radius = std::min(wedge.radius, 2 * farthestCorner(qtPoint(wedge.centre), area));
     const QRectF box(wedge.centre.x - radius, wedge.centre.y - radius, 2 * radius, 2 * radius);
     QPainterPath shape(qtPoint(wedge.centre));
     // Qt counts angles counter-clockwise from east.
