@@ -6,19 +6,12 @@
 #include <vector>
 
 #include "engine/catalogue.h"
+#include "engine/country_ring.h"
 #include "geo/geojson.h"
 #include "platform/bundle.h"
 #include "platform/diagnostics.h"
 
 namespace kalvo::engine {
-
-/// A position of a country outline, in degrees.
-struct LatLon {
-    double lat;
-    double lon;
-    friend bool operator==(const LatLon&, const LatLon&) = default;
-};
-using CountryRing = std::vector<LatLon>;
 
 /// Reads the data files that ship with the application. It never fails towards its caller: what
 /// cannot be read gives an empty or absent result and one diagnostic line. Used on the
