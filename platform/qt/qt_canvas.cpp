@@ -62,6 +62,13 @@ bool covers(const QRectF& area, Point centre, double radius) {
 
 }  // namespace
 
+QFont canvasFont(const QFont& base, const TextStyle& style) {
+    QFont font = base;
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size))));
+    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
+    return font;
+}
+
 QtCanvas::QtCanvas(QPainter& painter, Size size)
     : painter_(painter), size_(size), base_(painter.worldTransform()) {
     painter_.setRenderHint(QPainter::Antialiasing);
@@ -165,9 +172,7 @@ void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
 
 void QtCanvas::drawText(std::string_view text, Point centre, const TextStyle& style) {
     if (!reaches(visibleArea(1000), centre, 0)) return;
-    QFont font = painter_.font();
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size))));
-    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
+    const QFont font = canvasFont(painter_.font(), style);
     painter_.setFont(font);
     painter_.setPen(qtColor(style.color));
     const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QFont>
 #include <QPainter>
 
 #include "platform/canvas.h"
 
 namespace kalvo::platform {
+
+/// The font in which a canvas whose painter has the font `base` writes a text of this style.
+[[nodiscard]] QFont canvasFont(const QFont& base, const TextStyle& style);
 
 /// A `Canvas` on a `QPainter`, whose logical coordinates are the canvas's points. Geometry is
 /// clipped to a little beyond the painter's visible area before it is handed on, because a line
