@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "engine/country_ring.h"
+#include "geo/globe_projection.h"
+#include "platform/canvas.h"
+
+namespace kalvo::geo {
+
+/// Lines on the sphere, kept as unit vectors so that a frame needs no trigonometry: each point is
+/// turned by one rotation. A line's bounding cap tells those behind the globe without looking at
+/// their points.
+class GlobeLines {
+ public:
+    /// Adds a line through places in order; an empty one draws nothing.
+    void add(std::span<const engine::LatLon> line);
+
+    [[nodiscard]] bool empty() const { return lines_.empty(); }
+
+    /// Replaces the batch by the visible runs of every line. A point is visible a little beyond
+    /// the near hemisphere, so that lines reach the rim.
+    void project(const GlobeProjection& projection, platform::LineBatch& visible) const;
+
+ private:
+    struct Line {
+        std::size_t begin;
+        std::size_t end;
+        UnitVector middle;  // of the bounding cap
+        // The line is hidden as a whole below the one cosine of the cap's distance from the
+        // view's centre, and seen as a whole from the other on.
+        double hiddenBelow;
+        double seenFrom;
+    };
+
+    void projectPart(const Line& line,
+                     const GlobeProjection& projection,
+                     platform::LineBatch& visible) const;
+
+    std::vector<double> x_;
+    std::vector<double> y_;
+    std::vector<double> z_;
+    std::vector<Line> lines_;
+};
+
+}  // namespace kalvo::geo

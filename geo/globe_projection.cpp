@@ -1,0 +1,57 @@
+#include "geo/globe_projection.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kalvo::geo {
+
+namespace {
+
+/// A longitude in radians brought into the turn from -pi (included) to pi (excluded).
+double wrapped(double lon) {
+    constexpr double kTurn = 2 * kPi;
+    const double turned = lon - kTurn * std::floor((lon + kPi) / kTurn);
+    // Rounding can land on the far end.
+    return turned >= kPi ? turned - kTurn : turned;
+}
+
+}  // namespace
+
+UnitVector unitVector(engine::LatLon place) {
+    const double lat = toRadians(place.lat);
+    const double lon = toRadians(place.lon);
+    return {std::cos(lat) * std::cos(lon), std::cos(lat) * std::sin(lon), std::sin(lat)};
+}
+
+GlobeProjection::GlobeProjection(double centerLat, double centerLon, platform::Size viewSize)
+    : centerLon_(centerLon),
+      middle_{viewSize.width * 0.5, viewSize.height * 0.5},
+      radius_(std::min(viewSize.width, viewSize.height) / 2.3) {
+    const double sinLat = std::sin(centerLat);
+    const double cosLat = std::cos(centerLat);
+    const double sinLon = std::sin(centerLon);
+    const double cosLon = std::cos(centerLon);
+    right_ = {-sinLon, cosLon, 0};
+    up_ = {-sinLat * cosLon, -sinLat * sinLon, cosLat};
+    towards_ = {cosLat * cosLon, cosLat * sinLon, sinLat};
+}
+
+std::optional<engine::LatLon> GlobeProjection::invert(platform::Point point) const {
+    const double x = (point.x - middle_.x) / radius_;
+    const double y = (middle_.y - point.y) / radius_;
+    const double squaredDistance = x * x + y * y;
+    if (!(squaredDistance <= 1)) return std::nullopt;
+    const double z = std::sqrt(1 - squaredDistance);
+    const double cosCenter = up_.z;
+    const double sinCenter = towards_.z;
+    const double sinLat = std::clamp(y * cosCenter + z * sinCenter, -1.0, 1.0);
+    const double lat = std::asin(sinLat);
+    const double cosLat = std::cos(lat);
+    // At a pole every longitude is the same place: the centre's own is the natural one to name.
+    const bool isPole = std::abs(cosLat) <= 0.000001;
+    const double turn =
+        isPole ? 0 : std::atan2(x / cosLat, (z - sinCenter * sinLat) / (cosCenter * cosLat));
+    return engine::LatLon{toDegrees(lat), toDegrees(wrapped(centerLon_ + turn))};
+}
+
+}  // namespace kalvo::geo

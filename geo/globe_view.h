@@ -1,0 +1,56 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "geo/globe_scene.h"
+#include "platform/canvas.h"
+#include "platform/color.h"
+
+namespace kalvo::geo {
+
+/// The globe: which way it is turned, what is marked on it, whom a tap is told to, and whether it
+/// turns by itself. The functions of globe_gestures.h move it in time.
+struct GlobeView {
+    using Time = std::chrono::steady_clock::time_point;
+
+    double centerLat;                       // radians
+    double centerLon;                       // radians, never wrapped
+    std::optional<double> targetLat;        // degrees
+    std::optional<double> targetLon;        // degrees
+    std::optional<std::string> targetName;  // label above the marker
+    /// The chosen country's name. No picture shows it yet.
+    std::optional<std::string> highlightedCountry;
+    /// Told the latitude and longitude of a tapped point, in degrees.
+    std::function<void(double lat, double lon)> onGlobeTap;
+
+    bool isAutoRotating = true;
+    Time lastDragTime = std::chrono::steady_clock::now();
+    /// The user has stopped the globe for good; only the user starts it again.
+    bool isPaused = false;
+
+    /// Draws the globe in the middle of an area; it does not clear what is around it.
+    void draw(platform::Canvas& canvas, platform::Size size, GlobeScene& scene) const;
+
+    /// The two halves of `draw`, in this order: what stays as it is while the globe turns about
+    /// its axis (disc, rim and parallels), and what turns.
+    void drawGround(platform::Canvas& canvas, platform::Size size, GlobeScene& scene) const;
+    void drawTurning(platform::Canvas& canvas, platform::Size size, GlobeScene& scene) const;
+};
+
+/// The colour of the disc and of what surrounds it.
+[[nodiscard]] platform::Color globeGroundColor();
+
+inline constexpr std::string_view kGlobeHint = "Trascina per ruotare • Tappa per selezionare";
+
+/// How the hint and the target's label are written.
+[[nodiscard]] platform::TextStyle globeHintStyle();
+[[nodiscard]] platform::TextStyle globeLabelStyle();
+
+/// Draws the hint over the globe, in its box at the top left; `textSize` is what the hint
+/// measures on this canvas, in points.
+void drawGlobeHint(platform::Canvas& canvas, platform::Size textSize);
+
+}  // namespace kalvo::geo

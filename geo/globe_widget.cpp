@@ -1,0 +1,219 @@
+#include "geo/globe_widget.h"
+
+#include <cmath>
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimerEvent>
+
+#include "geo/globe_gestures.h"
+#include "platform/qt/qt_canvas.h"
+
+namespace kalvo::geo {
+
+namespace {
+
+constexpr double kArrowTurn = toRadians(5);
+
+GlobeView::Time now() { return std::chrono::steady_clock::now(); }
+
+platform::Point pointOf(const QMouseEvent& event) {
+    return {event.position().x(), event.position().y()};
+}
+
+QString degreesText(double degrees, const char* positive, const char* negative) {
+    return QStringLiteral("%1° %2").arg(
+        QLocale(QLocale::Italian).toString(std::abs(degrees), 'f', 1),
+        QLatin1String(degrees < 0 ? negative : positive));
+}
+
+platform::Size textSize(const QWidget& widget,
+                        std::string_view text,
+                        const platform::TextStyle& style) {
+    const QFontMetricsF metrics(platform::canvasFont(widget.font(), style), &widget);
+    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return {metrics.horizontalAdvance(line), metrics.height()};
+}
+
+}  // namespace
+
+GlobeWidget::GlobeWidget(CountryRings countryRings, QWidget* parent)
+    : QWidget(parent),
+      countryRings_(std::move(countryRings)),
+      view_{.centerLat = 0,
+            .centerLon = 0,
+            .targetLat = {},
+            .targetLon = {},
+            .targetName = {},
+            .highlightedCountry = {},
+            .onGlobeTap = [this](double lat, double lon) {
+                if (onGlobeTap) onGlobeTap(lat, lon);
+            }} {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::OpenHandCursor);
+    setAccessibleName(QStringLiteral("Globo terrestre"));
+    describe();
+}
+
+void GlobeWidget::setCenter(double lat, double lon) {
+    if (lat == view_.centerLat && lon == view_.centerLon) return;
+    view_.centerLat = lat;
+    view_.centerLon = lon;
+    update();
+}
+
+void GlobeWidget::setTarget(std::optional<double> lat,
+                            std::optional<double> lon,
+                            const std::optional<std::string>& name) {
+    if (lat == view_.targetLat && lon == view_.targetLon && name == view_.targetName) return;
+    view_.targetLat = lat;
+    view_.targetLon = lon;
+    view_.targetName = name;
+    describe();
+    update();
+}
+
+QSize GlobeWidget::sizeHint() const { return {640, 400}; }
+
+void GlobeWidget::describe() {
+    QString target = QStringLiteral("Nessun luogo segnato.");
+    if (view_.targetLat && view_.targetLon) {
+        const QString name = view_.targetName
+                                 ? QString::fromStdString(*view_.targetName) + QStringLiteral(", ")
+                                 : "";
+        target = QStringLiteral("Luogo segnato: %1%2, %3.")
+                     .arg(name, degreesText(*view_.targetLat, "nord", "sud"),
+                          degreesText(*view_.targetLon, "est", "ovest"));
+    }
+    setAccessibleDescription(
+        target + QStringLiteral(" Frecce per ruotare, Invio per selezionare il centro, Spazio per "
+                                "fermare o riprendere la rotazione."));
+}
+
+platform::Size GlobeWidget::viewSize() const {
+    return {static_cast<double>(width()), static_cast<double>(height())};
+}
+
+GlobeScene& GlobeWidget::scene() {
+    if (!scene_) {
+        const std::vector<engine::CountryRing>& rings = countryRings_();
+        hasCountries_ = !rings.empty();
+        scene_ = GlobeScene::make(rings);
+    }
+    return *scene_;
+}
+
+void GlobeWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    platform::QtCanvas canvas(painter, viewSize());
+    canvas.fillRect({0, 0, viewSize().width, viewSize().height}, globeGroundColor());
+    view_.draw(canvas, viewSize(), scene());
+    drawGlobeHint(canvas, textSize(*this, kGlobeHint, globeHintStyle()));
+    if (hasFocusRing_) {
+        canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
+                                 {platform::Color::hex("#4fcb91"), 1.6});
+    }
+}
+
+void GlobeWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != timer_.timerId()) return;
+    const double before = view_.centerLon;
+    tick(view_, now());
+    if (view_.centerLon != before) centerMoved();
+}
+
+void GlobeWidget::showEvent(QShowEvent* event) {
+    // A globe that comes back from another page is a new one; one that comes back from the task
+    // bar goes on as it was.
+    if (!event->spontaneous()) {
+        view_.isAutoRotating = true;
+        view_.lastDragTime = now();
+        if (!hasCountries_) scene_.reset();
+    }
+    timer_.start(kGlobeTick.count(), Qt::PreciseTimer, this);
+}
+
+void GlobeWidget::hideEvent(QHideEvent*) { timer_.stop(); }
+
+void GlobeWidget::press(const QMouseEvent& event, GlobePointer::Press kind) {
+    if (event.button() == Qt::LeftButton) pointer_.press(pointOf(event), now(), kind);
+}
+
+void GlobeWidget::mousePressEvent(QMouseEvent* event) {
+    setFocusRing(false);
+    press(*event, GlobePointer::Press::kFirst);
+}
+
+void GlobeWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    press(*event, GlobePointer::Press::kRepeated);
+}
+
+void GlobeWidget::mouseMoveEvent(QMouseEvent* event) {
+    const auto time = now();
+    const auto drag = pointer_.move(pointOf(*event), time);
+    if (!drag) return;
+    setCursor(Qt::ClosedHandCursor);
+    dragChanged(view_, *drag, time);
+    centerMoved();
+}
+
+void GlobeWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    setCursor(Qt::OpenHandCursor);
+    if (pointer_.release()) tap(view_, pointOf(*event), viewSize());
+}
+
+void GlobeWidget::keyPressEvent(QKeyEvent* event) {
+    setFocusRing(true);
+    const auto turnBy = [this](double lat, double lon) {
+        turn(view_, lat, lon, now());
+        centerMoved();
+    };
+    switch (event->key()) {
+        case Qt::Key_Left:
+            turnBy(0, -kArrowTurn);
+            break;
+        case Qt::Key_Right:
+            turnBy(0, kArrowTurn);
+            break;
+        case Qt::Key_Up:
+            turnBy(kArrowTurn, 0);
+            break;
+        case Qt::Key_Down:
+            turnBy(-kArrowTurn, 0);
+            break;
+        case Qt::Key_Space:
+            togglePause(view_);
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            tap(view_, {viewSize().width / 2, viewSize().height / 2}, viewSize());
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+void GlobeWidget::focusInEvent(QFocusEvent* event) {
+    setFocusRing(event->reason() == Qt::TabFocusReason ||
+                 event->reason() == Qt::BacktabFocusReason);
+}
+
+void GlobeWidget::focusOutEvent(QFocusEvent*) { setFocusRing(false); }
+
+void GlobeWidget::centerMoved() {
+    if (onCenterChanged) onCenterChanged(view_.centerLat, view_.centerLon);
+    update();
+}
+
+void GlobeWidget::setFocusRing(bool shown) {
+    if (hasFocusRing_ == shown) return;
+    hasFocusRing_ = shown;
+    update();
+}
+
+}  // namespace kalvo::geo

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QBasicTimer>
+#include <QWidget>
+
+#include "engine/country_ring.h"
+#include "geo/globe_pointer.h"
+#include "geo/globe_scene.h"
+#include "geo/globe_view.h"
+
+namespace kalvo::geo {
+
+/// Shows a `GlobeView` and forwards its events. It turns by itself while it is on the screen,
+/// is turned by dragging and with the arrow keys, stopped and started with the space bar, and
+/// tapped with the pointer or, at its centre, with the return key. Hidden or minimised it does
+/// nothing at all; shown anew it turns again.
+class GlobeWidget final : public QWidget {
+ public:
+    using CountryRings = std::function<const std::vector<engine::CountryRing>&()>;
+
+    /// The rings are asked for when the globe is first painted, and again the next time it is
+    /// shown if there were none.
+    explicit GlobeWidget(CountryRings countryRings, QWidget* parent = nullptr);
+
+    /// Told the centre, in radians, whenever the globe has moved by itself or by the user's hand.
+    std::function<void(double lat, double lon)> onCenterChanged;
+    /// Told the place of a tap, in degrees.
+    std::function<void(double lat, double lon)> onGlobeTap;
+
+    /// Turns the globe to a centre in radians; `onCenterChanged` is not told.
+    void setCenter(double lat, double lon);
+    /// Marks a place, in degrees, or none.
+    void setTarget(std::optional<double> lat,
+                   std::optional<double> lon,
+                   const std::optional<std::string>& name);
+
+    [[nodiscard]] double centerLat() const { return view_.centerLat; }
+    [[nodiscard]] double centerLon() const { return view_.centerLon; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+    [[nodiscard]] platform::Size viewSize() const;
+    [[nodiscard]] GlobeScene& scene();
+    void describe();
+    void press(const QMouseEvent& event, GlobePointer::Press kind);
+    /// After the globe has turned: tells the new centre and paints it.
+    void centerMoved();
+    void setFocusRing(bool shown);
+
+    CountryRings countryRings_;
+    std::optional<GlobeScene> scene_;
+    bool hasCountries_ = false;
+    GlobeView view_;
+    GlobePointer pointer_;
+    QBasicTimer timer_;
+    bool hasFocusRing_ = false;
+};
+
+}  // namespace kalvo::geo

@@ -1,0 +1,145 @@
+#include "geo/globe_widget.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "geo/globe_projection.h"
+
+namespace kalvo::geo {
+namespace {
+
+/// A globe of radius 100 round (115, 115), with what it told.
+class GlobeWidgetTest : public testing::Test {
+ protected:
+    GlobeWidgetTest() {
+        globe_.resize(230, 230);
+        globe_.onGlobeTap = [this](double lat, double lon) { taps_.push_back({lat, lon}); };
+        globe_.onCenterChanged = [this](double, double) { ++moves_; };
+    }
+
+    /// Shows the globe and stops it where it is.
+    void showStill() {
+        globe_.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&globe_));
+        QTest::keyClick(&globe_, Qt::Key_Space);
+        moves_ = 0;
+        globe_.setCenter(0, 0);
+    }
+
+    std::vector<engine::CountryRing> rings_;
+    int ringRequests_ = 0;
+    GlobeWidget globe_{[this]() -> const std::vector<engine::CountryRing>& {
+        ++ringRequests_;
+        return rings_;
+    }};
+    std::vector<engine::LatLon> taps_;
+    int moves_ = 0;
+};
+
+TEST_F(GlobeWidgetTest, AClickTellsThePlaceAndADoubleClickTellsItOnce) {
+    showStill();
+    // Through the hint's box, at the top left: still outside the disc.
+    QTest::mouseClick(&globe_, Qt::LeftButton, {}, {12, 12});
+    EXPECT_TRUE(taps_.empty());
+    QTest::mouseClick(&globe_, Qt::RightButton, {}, {115, 115});
+    EXPECT_TRUE(taps_.empty());
+    QTest::mouseClick(&globe_, Qt::LeftButton, {}, {165, 115});
+    QTest::mouseDClick(&globe_, Qt::LeftButton, {}, {165, 115});
+    QTest::mouseRelease(&globe_, Qt::LeftButton, {}, {165, 115});
+    ASSERT_EQ(taps_.size(), 1u);
+    EXPECT_NEAR(taps_[0].lat, 0, 1e-9);
+    EXPECT_NEAR(taps_[0].lon, 30, 1e-9);
+    EXPECT_EQ(moves_, 0);
+}
+
+TEST_F(GlobeWidgetTest, ADragTurnsTheGlobeAndIsNoTap) {
+    showStill();
+    QTest::mousePress(&globe_, Qt::LeftButton, {}, {100, 100});
+    QTest::mouseMove(&globe_, {105, 100});
+    EXPECT_EQ(moves_, 0);
+    QTest::mouseMove(&globe_, {100, 150});
+    EXPECT_EQ(moves_, 1);
+    EXPECT_GT(globe_.centerLat(), 0);
+    QTest::mouseRelease(&globe_, Qt::LeftButton, {}, {100, 150});
+    EXPECT_TRUE(taps_.empty());
+    QTest::mouseMove(&globe_, {50, 50});
+    EXPECT_EQ(moves_, 1);
+}
+
+TEST_F(GlobeWidgetTest, KeysTurnTapAndPause) {
+    showStill();
+    QTest::keyClick(&globe_, Qt::Key_Right);
+    QTest::keyClick(&globe_, Qt::Key_Right);
+    QTest::keyClick(&globe_, Qt::Key_Left);
+    QTest::keyClick(&globe_, Qt::Key_Up);
+    QTest::keyClick(&globe_, Qt::Key_Up);
+    QTest::keyClick(&globe_, Qt::Key_Down);
+    EXPECT_EQ(moves_, 6);
+    QTest::keyClick(&globe_, Qt::Key_Return);
+    ASSERT_EQ(taps_.size(), 1u);
+    EXPECT_NEAR(taps_[0].lat, 5, 1e-9);
+    EXPECT_NEAR(taps_[0].lon, 5, 1e-9);
+    QTest::keyClick(&globe_, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return moves_ > 6; }, 2000));
+}
+
+TEST_F(GlobeWidgetTest, TurnsOnlyWhileItIsShown) {
+    globe_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&globe_));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return moves_ >= 2; }, 2000));
+    globe_.hide();
+    moves_ = 0;
+    QTest::qWait(120);
+    EXPECT_EQ(moves_, 0);
+    // Stopped by a drag and hidden: shown again it turns at once, as a new one would.
+    globe_.show();
+    QTest::keyClick(&globe_, Qt::Key_Left);
+    globe_.hide();
+    globe_.show();
+    moves_ = 0;
+    EXPECT_TRUE(QTest::qWaitFor([this] { return moves_ >= 2; }, 2000));
+}
+
+TEST_F(GlobeWidgetTest, AsksForTheCountriesWhenItIsPaintedAndUntilThereAreSome) {
+    EXPECT_EQ(ringRequests_, 0);
+    globe_.grab();
+    globe_.grab();
+    EXPECT_EQ(ringRequests_, 1);
+    rings_ = {{{0, 0}, {0, 10}}};
+    globe_.show();
+    globe_.grab();
+    EXPECT_EQ(ringRequests_, 2);
+    globe_.hide();
+    globe_.show();
+    globe_.grab();
+    EXPECT_EQ(ringRequests_, 2);
+}
+
+TEST_F(GlobeWidgetTest, ASetCenterIsNotToldBack) {
+    globe_.setCenter(0.35, 12);
+    EXPECT_EQ(globe_.centerLat(), 0.35);
+    EXPECT_EQ(globe_.centerLon(), 12);
+    EXPECT_EQ(moves_, 0);
+}
+
+TEST_F(GlobeWidgetTest, DescribesItsTarget) {
+    EXPECT_TRUE(globe_.accessibleDescription().startsWith("Nessun luogo segnato."));
+    globe_.setTarget(41.89, -12.51, "Roma");
+    EXPECT_TRUE(globe_.accessibleDescription().startsWith(
+        QStringLiteral("Luogo segnato: Roma, 41,9° nord, 12,5° ovest.")))
+        << globe_.accessibleDescription().toStdString();
+}
+
+TEST_F(GlobeWidgetTest, PaintsTheGroundEverywhereAndTheMarkOnTop) {
+    globe_.setTarget(0, 0, std::nullopt);
+    const QImage picture = globe_.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(2, 227), QColor("#0c1d2d"));
+    EXPECT_EQ(picture.pixelColor(115, 115), QColor(255, 59, 48));
+}
+
+}  // namespace
+}  // namespace kalvo::geo
