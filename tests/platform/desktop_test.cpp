@@ -1,0 +1,62 @@
+#include <gtest/gtest.h>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QUrl>
+
+#include "platform/qt/qt_pasteboard.h"
+#include "platform/qt/qt_workspace.h"
+
+namespace kalvo::platform {
+namespace {
+
+/// Stands in for the browser.
+class Browser final : public QObject {
+    Q_OBJECT
+
+ public:
+    Browser() {
+        for (const char* scheme : {"https", "http", "file"}) {
+            QDesktopServices::setUrlHandler(QString::fromUtf8(scheme), this, "open");
+        }
+    }
+    ~Browser() override {
+        for (const char* scheme : {"https", "http", "file"}) {
+            QDesktopServices::unsetUrlHandler(QString::fromUtf8(scheme));
+        }
+    }
+
+    QStringList opened;
+
+ public slots:
+    void open(const QUrl& url) { opened << url.toString(); }
+};
+
+TEST(QtWorkspaceTest, OpensCompleteHttpsAddressesOnly) {
+    Browser browser;
+    QtWorkspace workspace;
+    EXPECT_TRUE(workspace.open("https://www.kalvo.example"));
+    EXPECT_EQ(browser.opened, QStringList{QStringLiteral("https://www.kalvo.example")});
+    for (const char* refused :
+         {"", "www.kalvo.example", "http://www.kalvo.example", "https://", "https:///path",
+          "file:///etc/passwd", "https://a b.example", "https://www.kalvo.example/%zz"}) {
+        EXPECT_FALSE(workspace.open(refused)) << refused;
+    }
+    EXPECT_EQ(browser.opened.size(), 1);
+}
+
+TEST(QtPasteboardTest, ReplacesTheClipboardByPlainText) {
+    auto* rich = new QMimeData;
+    rich->setHtml(QStringLiteral("<b>old</b>"));
+    QGuiApplication::clipboard()->setMimeData(rich);
+    QtPasteboard().setString("Velocità\tGen\n<b>1</b>");
+    const QMimeData* held = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(held->text(), QString::fromUtf8("Velocità\tGen\n<b>1</b>"));
+    EXPECT_FALSE(held->hasHtml());
+}
+
+}  // namespace
+}  // namespace kalvo::platform
+
+#include "desktop_test.moc"

@@ -1,0 +1,43 @@
+#include "platform/notification_center.h"
+
+#include <optional>
+
+#include <gtest/gtest.h>
+
+namespace kalvo::platform {
+namespace {
+
+TEST(NotificationCenterTest, TellsEveryObserverOfTheNameInOrder) {
+    NotificationCenter center;
+    std::string told;
+    const auto first = center.observe("SelectTab1", [&] { told += 'a'; });
+    const auto other = center.observe("SelectTab2", [&] { told += 'x'; });
+    const auto second = center.observe("SelectTab1", [&] { told += 'b'; });
+    center.post("SelectTab1");
+    center.post("SelectTab");
+    EXPECT_EQ(told, "ab");
+}
+
+TEST(NotificationCenterTest, AnObservationEndsWithItsValue) {
+    NotificationCenter center;
+    int told = 0;
+    {
+        const auto observation = center.observe("name", [&] { ++told; });
+        center.post("name");
+    }
+    center.post("name");
+    EXPECT_EQ(told, 1);
+}
+
+TEST(NotificationCenterTest, AnObserverMaySendAwayTheNextOne) {
+    NotificationCenter center;
+    int told = 0;
+    std::optional<NotificationCenter::Observation> second;
+    const auto first = center.observe("name", [&] { second.reset(); });
+    second = center.observe("name", [&] { ++told; });
+    center.post("name");
+    EXPECT_EQ(told, 0);
+}
+
+}  // namespace
+}  // namespace kalvo::platform
