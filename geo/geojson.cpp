@@ -1,8 +1,11 @@
 #include "geo/geojson.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 #include <simdjson.h>
 
+#include "geo/geojson_numbers.h"
 #include "platform/numbers.h"
 
 namespace kalvo::geo {
@@ -49,31 +52,38 @@ std::size_t exactSize(const array& values) {
 class CoordinateReader {
  public:
     platform::Result<CoordinateList> read(const array& coordinates) {
-        words_.clear();
-        open_.clear();
-        append(coordinates);
-        while (!open_.empty()) {
-            Open& innermost = open_.back();
-            if (innermost.next == innermost.end) {
-                open_.pop_back();
+        // A value takes no more words of the pool than it has slots on the parser's tape.
+        words_.resize(std::max(words_.size(), coordinates.number_of_slots()));
+        used_ = 0;
+        enclosing_.clear();
+        Open open = append(coordinates);
+        while (true) {
+            if (open.next == open.end) {
+                if (enclosing_.empty()) break;
+                open = enclosing_.back();
+                enclosing_.pop_back();
                 continue;
             }
-            const element value = *innermost.next;
-            ++innermost.next;
-            const std::size_t slot = innermost.slot++;
-            if (value.is_array()) {
-                words_[slot] = CoordinateList::arrayWord(words_.size());
-                append(array(value.get_array().value_unsafe()));
-            } else if (double number = 0; value.get(number) == simdjson::SUCCESS) {
-                words_[slot] = CoordinateList::numberWord(number);
-            } else {
+            if (array values; (*open.next).get(values) == simdjson::SUCCESS) {
+                words_[open.slot++] = CoordinateList::arrayWord(used_);
+                ++open.next;
+                Open inner = append(values);
+                takeNumbers(inner);
+                if (inner.next != inner.end) {
+                    enclosing_.push_back(open);
+                    open = inner;
+                }
+            } else if (!takeNumbers(open)) {
                 return failure("Invalid geometry element");
             }
         }
-        return CoordinateList(std::vector(words_.begin(), words_.end()));
+        const auto begin = words_.begin();
+        return CoordinateList(std::vector(begin, begin + static_cast<std::ptrdiff_t>(used_)));
     }
 
  private:
+    using Word = CoordinateList::Word;
+
     /// An array whose elements are still being read, and the word that takes the next of them.
     struct Open {
         array::iterator next;
@@ -81,16 +91,28 @@ class CoordinateReader {
         std::size_t slot;
     };
 
-    void append(const array& values) {
+    Open append(const array& values) {
         const std::size_t size = exactSize(values);
-        const std::size_t header = words_.size();
-        words_.resize(header + 1 + size);
-        words_[header] = size;
-        open_.push_back({values.begin(), values.end(), header + 1});
+        words_[used_] = size;
+        const std::size_t firstSlot = used_ + 1;
+        used_ = firstSlot + size;
+        return {values.begin(), values.end(), firstSlot};
     }
 
-    std::vector<CoordinateList::Word> words_;
-    std::vector<Open> open_;
+    /// Takes the numbers that come next in an array and says whether there were any.
+    bool takeNumbers(Open& open) {
+        const std::size_t before = open.slot;
+        for (; open.next != open.end; ++open.next) {
+            double number = 0;
+            if ((*open.next).get(number) != simdjson::SUCCESS) break;
+            words_[open.slot++] = CoordinateList::numberWord(number);
+        }
+        return open.slot != before;
+    }
+
+    std::vector<Word> words_;
+    std::size_t used_ = 0;
+    std::vector<Open> enclosing_;
 };
 
 StringAnyDecodable propertyValue(const element& value) {
@@ -142,6 +164,15 @@ platform::Result<GeoMapData> readCollection(const element& root) {
     return GeoMapData{FeatureList(std::move(features))};
 }
 
+/// The parser starts with room for a nesting of 1,024.
+simdjson::error_code parse(simdjson::dom::parser& parser, const std::string& text, element& root) {
+    const auto error = parser.parse(text).get(root);
+    if (error != simdjson::DEPTH_ERROR) return error;
+    const std::size_t deepest = text.size() / 2 + 2;
+    if (const auto noMemory = parser.allocate(text.size(), deepest)) return noMemory;
+    return parser.parse(text).get(root);
+}
+
 }  // namespace
 
 const std::string* GeoFeature::property(std::string_view key) const {
@@ -149,13 +180,12 @@ const std::string* GeoFeature::property(std::string_view key) const {
     return found == properties.end() ? nullptr : &found->second.value;
 }
 
-platform::Result<GeoMapData> decodeGeoJSON(std::string_view text) {
+platform::Result<GeoMapData> decodeGeoJSON(const std::string& text) {
     simdjson::dom::parser parser;
-    // No text nests deeper than this; the memory is touched only as far as one does.
-    const std::size_t maxDepth = text.size() / 2 + 2;
-    if (const auto error = parser.allocate(text.size(), maxDepth)) return failure(error);
     element root;
-    if (const auto error = parser.parse(text.data(), text.size()).get(root)) return failure(error);
+    auto error = parse(parser, text, root);
+    if (error == simdjson::NUMBER_ERROR) error = parse(parser, withReadableNumbers(text), root);
+    if (error) return failure(error);
     return readCollection(root);
 }
 

@@ -75,7 +75,7 @@ struct GeoMapData {
 /// about keys it does not know, and strict about everything else: an object without a required
 /// key, or anything but numbers and arrays inside "coordinates" ("Invalid geometry element"),
 /// fails the whole text.
-[[nodiscard]] platform::Result<GeoMapData> decodeGeoJSON(std::string_view text);
+[[nodiscard]] platform::Result<GeoMapData> decodeGeoJSON(const std::string& text);
 
 /// Writes a feature collection back as JSON of the same shape; property values are strings.
 [[nodiscard]] std::string encodeGeoJSON(const GeoMapData& map);
