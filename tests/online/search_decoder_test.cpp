@@ -1,0 +1,113 @@
+#include "online/search_decoder.h"
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+namespace kalvo::online {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> names(const std::vector<MeteoblueSearchResult>& places) {
+    std::vector<std::string> result;
+    for (const MeteoblueSearchResult& place : places) result.push_back(place.name);
+    return result;
+}
+
+MeteoblueSearchResult placeAt(std::string name, double lat, double lon) {
+    return {.name = std::move(name),
+            .country = "",
+            .lat = lat,
+            .lon = lon,
+            .slug = "",
+            .iso2 = "",
+            .label = ""};
+}
+
+TEST(SearchDecoder, ReadsEveryFieldOfAPlace) {
+    const MeteoblueSearchResult milan{.name = "Milano",
+                                      .country = "Italy",
+                                      .lat = 45.46427,
+                                      .lon = 9.18951,
+                                      .slug = "milano_italy_3173435",
+                                      .iso2 = "IT",
+                                      .label = "Milano (Italy) [lat: 45.46427, lon: 9.18951]"};
+    EXPECT_THAT(decodeSearchResults(R"({"count": 1, "results": [{
+                    "name": "Milano", "country": "Italy", "lat": 45.46427, "lon": 9.18951,
+                    "url": "milano_italy_3173435", "iso2": "IT", "asl": 122, "tags": ["a"]}]})"),
+                ElementsAre(milan));
+}
+
+TEST(SearchDecoder, WritesCoordinatesAsShortestDecimals) {
+    const auto places = decodeSearchResults(
+        R"({"results": [{"name": "A", "url": "a", "lat": 45, "lon": -0.00001},
+                        {"name": "B", "url": "b", "lat": 0.1, "lon": 100000000000000000000}]})");
+    ASSERT_EQ(places.size(), 2U);
+    EXPECT_EQ(places[0].label, "A () [lat: 45.0, lon: -1e-05]");
+    EXPECT_EQ(places[0].country, "");
+    EXPECT_EQ(places[0].iso2, "");
+    EXPECT_EQ(places[1].lon, 1e20);
+}
+
+TEST(SearchDecoder, LeavesOutPlacesWithoutWhatTheyNeed) {
+    EXPECT_THAT(names(decodeSearchResults(R"({"results": [
+                    {"name": "first", "url": "a", "lat": 1, "lon": 2},
+                    {"name": "no address", "lat": 1, "lon": 2},
+                    {"name": "text for a latitude", "url": "a", "lat": "1", "lon": 2},
+                    {"name": "truth for a longitude", "url": "a", "lat": 1, "lon": true},
+                    {"name": null, "url": "a", "lat": 1, "lon": 2},
+                    {"name": "last", "url": "a", "lat": 1, "lon": 2, "country": 3, "iso2": []},
+                    {}]})")),
+                ElementsAre("first", "last"));
+}
+
+TEST(SearchDecoder, GivesNoPlacesForOtherAnswers) {
+    for (const char* body :
+         {"", "<!DOCTYPE html><html></html>", "{}", "[]", R"([{"results": []}])",
+          R"({"results": {}})", R"({"results": null})",
+          R"({"results": [{"name": "A", "url": "a", "lat": 1, "lon": 2}, 5]})",
+          "{\"results\": [{\"name\": \"\xE0\", \"url\": \"a\", \"lat\": 1, \"lon\": 2}]}"}) {
+        EXPECT_THAT(decodeSearchResults(body), IsEmpty()) << body;
+    }
+}
+
+TEST(SortByDistance, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
+    std::vector places{placeAt("2.25 away", 45.0, 10.5), placeAt("1 north", 46.0, 9.0),
+                       placeAt("1 south", 44.0, 9.0), placeAt("here", 45.0, 9.0)};
+    sortByDistance(places, 45.0, 9.0);
+    EXPECT_THAT(names(places), ElementsAre("here", "1 north", "1 south", "2.25 away"));
+}
+
+TEST(SortByDistance, KnowsNeitherTheDateLineNorMeridiansThatConverge) {
+    std::vector places{placeAt("across the date line", 80.0, -179.0),
+                       placeAt("30 degrees of longitude", 80.0, 149.0),
+                       placeAt("29 degrees of latitude", 51.0, 179.0)};
+    sortByDistance(places, 80.0, 179.0);
+    EXPECT_THAT(names(places), ElementsAre("29 degrees of latitude", "30 degrees of longitude",
+                                           "across the date line"));
+}
+
+TEST(MeteoblueSearchResult, HashesAndComparesByEveryField) {
+    const std::hash<MeteoblueSearchResult> hash;
+    const MeteoblueSearchResult place = placeAt("Null Island", 0.0, 0.0);
+    EXPECT_EQ(place, placeAt("Null Island", -0.0, -0.0));
+    EXPECT_EQ(hash(place), hash(placeAt("Null Island", -0.0, -0.0)));
+    std::vector<MeteoblueSearchResult> others(7, place);
+    others[0].name = "x";
+    others[1].country = "x";
+    others[2].lat = 1;
+    others[3].lon = 1;
+    others[4].slug = "x";
+    others[5].iso2 = "x";
+    others[6].label = "x";
+    for (const MeteoblueSearchResult& other : others) {
+        EXPECT_NE(other, place);
+        EXPECT_NE(hash(other), hash(place));
+    }
+}
+
+}  // namespace
+}  // namespace kalvo::online
