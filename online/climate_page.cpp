@@ -1,0 +1,64 @@
+#include "online/climate_page.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include <re2/re2.h>
+
+namespace kalvo::online {
+
+namespace {
+
+constexpr std::string_view kWindSpeedsPattern =
+    R"(id=["']blooimage["'][^>]+data-url=["']([^"']*wind_speeds[^"']*)["'])";
+constexpr std::string_view kWindRosePattern =
+    R"(id=["']blooimage["'][^>]+data-url=["']([^"']*wind_rose[^"']*)["'])";
+constexpr std::string_view kCloudCoveragePattern =
+    R"(id=["']blooimage["'][^>]+data-url=["']([^"']*cloud_coverage[^"']*)["'])";
+
+/// Where the character after the one at the position begins.
+std::size_t nextCharacter(std::string_view text, std::size_t position) {
+    do {
+        ++position;
+    } while (position < text.size() && (static_cast<unsigned char>(text[position]) & 0xC0) == 0x80);
+    return position;
+}
+
+std::optional<std::string> firstAddress(std::string_view pattern, std::string_view page) {
+    const std::vector<std::string> found = matches(pattern, page);
+    if (found.empty()) return std::nullopt;
+    std::string address = "https:" + found.front();
+    RE2::GlobalReplace(&address, "&amp;", "&");
+    return address;
+}
+
+}  // namespace
+
+std::optional<ChartAddresses> findChartAddresses(std::string_view page) {
+    auto windSpeeds = firstAddress(kWindSpeedsPattern, page);
+    auto windRose = firstAddress(kWindRosePattern, page);
+    if (!windSpeeds || !windRose) return std::nullopt;
+    return ChartAddresses{*std::move(windSpeeds), *std::move(windRose),
+                          firstAddress(kCloudCoveragePattern, page)};
+}
+
+std::vector<std::string> matches(std::string_view pattern, std::string_view text) {
+    std::vector<std::string> captured;
+    const RE2 expression(re2::StringPiece(pattern.data(), pattern.size()), RE2::Quiet);
+    if (!expression.ok()) return captured;
+
+    const re2::StringPiece page(text.data(), text.size());
+    std::size_t position = 0;
+    re2::StringPiece groups[2];
+    const int groupCount = std::min(expression.NumberOfCapturingGroups() + 1, 2);
+    while (position <= text.size() &&
+           expression.Match(page, position, page.size(), RE2::UNANCHORED, groups, groupCount)) {
+        if (groupCount == 2 && groups[1].data() != nullptr) captured.emplace_back(groups[1]);
+        position = static_cast<std::size_t>(groups[0].end() - page.begin());
+        if (groups[0].empty()) position = nextCharacter(text, position);
+    }
+    return captured;
+}
+
+}  // namespace kalvo::online
