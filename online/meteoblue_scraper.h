@@ -1,15 +1,19 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "engine/climate_data.h"
 #include "online/meteoblue_search_result.h"
+#include "online/service_origins.h"
 #include "platform/diagnostics.h"
 #include "platform/http_session.h"
 
 namespace kalvo::online {
+
+class JsonDocument;
 
 /// What the climate page of a place gives.
 struct ClimateData {
@@ -18,38 +22,47 @@ struct ClimateData {
     std::optional<engine::SolarData> solarData;  // absent when the page has no usable cloud chart
 };
 
-/// The services' origins, scheme and host without a trailing slash.
-struct ServiceOrigins {
-    std::string meteoblue;
-    std::string nominatim;
-};
-
 /// The web client of the Meteoblue site and of OpenStreetMap's reverse geocoding. Calls are
 /// independent of each other and remember nothing. All of it runs on the user-interface thread;
-/// a call suspends while its requests are under way.
+/// a call suspends while its requests are under way. The status code of an answer plays no part:
+/// whatever body arrives is read. Failures are those of the session ("Transport"), of JSON
+/// ("JSON"), or have one of the domains and codes given below and no message.
 class MeteoblueScraper {
  public:
-    /// The session and the diagnostics outlive the scraper and its calls.
+    /// The session and the diagnostics outlive the scraper, the scraper its calls.
     MeteoblueScraper(platform::HttpSession& session,
                      ServiceOrigins origins,
                      platform::Diagnostics& diagnostics);
 
     /// Places that match the text, in the site's order, or by distance from the click point
-    /// (degrees) when both of its coordinates are given.
+    /// (degrees) when both of its coordinates are given. An answer that cannot be read gives
+    /// none; only a failed transport is a failure.
     [[nodiscard]] platform::Task<platform::Result<std::vector<MeteoblueSearchResult>>>
     searchLocations(std::string query,
                     std::optional<double> clickLat,
                     std::optional<double> clickLon);
 
-    /// The climate of the place whose search result has this slug.
+    /// The climate of the place whose search result has this slug: the page, then its wind speeds,
+    /// wind rose and cloud charts, one after another. Fails with "InvalidURL", 400 for a slug that
+    /// an address cannot hold, "InvalidData", 404 for a page that is not UTF-8,
+    /// "EndpointsNotFound", 404 for one without its wind charts, and as `fetchJSON` does for the
+    /// wind charts.
     [[nodiscard]] platform::Task<platform::Result<ClimateData>> fetchClimateData(std::string slug);
 
-    /// An Italian name for a point (degrees), or `countryName` when there is none to be had.
+    /// An Italian name for a point (degrees), or `countryName` when there is none to be had. A
+    /// failed transport leaves a diagnostic line.
     [[nodiscard]] platform::Task<std::string> reverseGeocode(double lat,
                                                              double lon,
                                                              std::string countryName);
 
+    /// The JSON object at an address of the site; for this room. Fails with "InvalidURL", 400 for
+    /// what is no address and "InvalidJSON", 500 for JSON that is no object.
+    [[nodiscard]] platform::Task<platform::Result<JsonDocument>> fetchJSON(std::string urlString);
+
  private:
+    [[nodiscard]] platform::HttpRequest siteRequest(std::string url,
+                                                    std::chrono::seconds timeout) const;
+
     platform::HttpSession& session_;
     ServiceOrigins origins_;
     platform::Diagnostics& diagnostics_;
