@@ -1,0 +1,42 @@
+#include "engine/location.h"
+
+#include <algorithm>
+#include <set>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace kalvo::engine {
+namespace {
+
+TEST(Location, EqualityAndHashCoverEveryField) {
+    std::vector<Location> places(1);
+    for (std::string Location::*text :
+         {&Location::label, &Location::city, &Location::province, &Location::region,
+          &Location::station, &Location::stationOwner, &Location::source}) {
+        places.emplace_back().*text = "filled";
+    }
+    for (std::optional<double> Location::*number :
+         {&Location::kwh1kw, &Location::kwh2kw, &Location::kwh3kw, &Location::latitude,
+          &Location::longitude}) {
+        places.emplace_back().*number = 0;  // present, so unlike an absent one
+    }
+    std::set<std::size_t> hashes;
+    for (const Location& place : places) {
+        EXPECT_EQ(std::ranges::count(places, place), 1);
+        hashes.insert(std::hash<Location>{}(place));
+    }
+    EXPECT_EQ(hashes.size(), places.size());
+}
+
+TEST(Location, ZeroHasOneHash) {
+    Location positive{};
+    positive.latitude = 0.0;
+    Location negative{};
+    negative.latitude = -0.0;
+    EXPECT_EQ(positive, negative);
+    EXPECT_EQ(std::hash<Location>{}(positive), std::hash<Location>{}(negative));
+}
+
+}  // namespace
+}  // namespace kalvo::engine
