@@ -159,7 +159,7 @@ TEST_F(CatalogueLoading, WithoutPlacesIsEmptyAndSilent) {
           std::string_view("luogo,provincia,regione\nRoma,RM,Lazio\n"),
           // The header is the first line, whatever it holds.
           std::string_view("\nluogo;provincia;regione\nRoma;RM;Lazio\n"),
-          std::string_view("luogo;provincia;regione\nRoma;RM\n;\n", 41)}) {
+          std::string_view("luogo;provincia;regione\nRoma;RM\n;\n")}) {
         EXPECT_TRUE(load(text).empty()) << text;
     }
     EXPECT_THAT(diagnostics_.lines, IsEmpty());
