@@ -5,8 +5,8 @@
 #include <QPixmap>
 
 /// The symbols of the interface, line drawings of one colour: "magnifyingglass", "doc.on.doc",
-/// "equal.circle", "info.circle", "wind.snow", "chevron.up.chevron.down", "chevron.right",
-/// "checkmark". An unknown name draws nothing.
+/// "equal.circle", "info.circle", "wind.snow", "chevron.up.chevron.down". An unknown name draws
+/// nothing.
 namespace kalvo::widgets {
 
 /// A symbol that takes the colour of the pen it is painted with, sharp at every size and scale.

@@ -113,9 +113,9 @@ QSize KalvoStyle::sizeFromContents(ContentsType type,
         case CT_PushButton:
             return buttonSize(as<QStyleOptionButton>(option), widget);
         case CT_LineEdit:
-            return {contents.width() + 20, kControlHeight};
+            return {contents.width() + 20, kControlHeight + kShadowHeight};
         case CT_ComboBox:
-            return {contents.width() + 36, kControlHeight};
+            return {contents.width() + 36, kControlHeight + kShadowHeight};
         case CT_MenuItem:
             return menuItemSize(as<QStyleOptionMenuItem>(option), contents);
         case CT_MenuBarItem:
@@ -134,10 +134,10 @@ QRect KalvoStyle::subElementRect(SubElement element,
                                  const QWidget* widget) const {
     switch (element) {
         case SE_PushButtonFocusRect:
-            return option->rect.adjusted(0, 0, 0, -1);
+            return option->rect.adjusted(0, 0, 0, -kShadowHeight);
         case SE_LineEditContents:
             // The field adds two points of its own on either side.
-            return option->rect.adjusted(8, 0, -8, -1);
+            return option->rect.adjusted(8, 0, -8, -kShadowHeight);
         default:
             return QProxyStyle::subElementRect(element, option, widget);
     }

@@ -7,7 +7,8 @@
 /// The shapes that the controls are made of.
 namespace kalvo::widgets {
 
-inline constexpr int kControlHeight = 30;       // points
+inline constexpr int kControlHeight = 30;  // points, without the shadow below
+inline constexpr int kShadowHeight = 1;
 inline constexpr double kCornerRadius = 6.5;    // of controls
 inline constexpr double kFocusRingWidth = 1.6;  // points
 

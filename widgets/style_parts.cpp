@@ -81,13 +81,13 @@ QSize buttonSize(const QStyleOptionButton& button, const QWidget* widget) {
     // A toggle keeps its size when it is switched on, which makes its text bolder.
     const QFontMetrics metrics(buttonFont(button, widget, true));
     const int padding = button.text.isEmpty() ? kButtonPadding - 4 : kButtonPadding;
-    const int height = std::min(kControlHeight, metrics.height() + 14);
-    return {labelWidth(button, metrics) + 2 * padding, height};
+    const int height = std::min(kControlHeight, metrics.height() + 12);
+    return {labelWidth(button, metrics) + 2 * padding, height + kShadowHeight};
 }
 
 void paintButtonBox(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget) {
     const ButtonColors colors = buttonColors(button, widget);
-    QRectF box = button.rect.adjusted(0, 0, 0, -1);
+    QRectF box = button.rect.adjusted(0, 0, 0, -kShadowHeight);
     if (isFilled(button, widget)) {
         // The ring has the colour of the fill: a gap keeps them apart.
         if (showsFocus(button)) box.adjust(3, 3, -3, -3);
@@ -103,7 +103,7 @@ void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const
     const QFont font = buttonFont(button, widget, isFilled(button, widget));
     painter.setFont(font);
     painter.setPen(buttonColors(button, widget).text);
-    const QRect box = button.rect.adjusted(0, 0, 0, -1);
+    const QRect box = button.rect.adjusted(0, 0, 0, -kShadowHeight);
     const int width = labelWidth(button, QFontMetrics(font));
     int left = box.x() + std::max(0, (box.width() - width) / 2);
     if (!button.icon.isNull()) {
@@ -121,7 +121,7 @@ void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const
 
 void paintField(const QStyleOption& option, QPainter& painter) {
     const Theme& theme = Theme::current();
-    const QRectF box = option.rect.adjusted(0, 0, 0, -1);
+    const QRectF box = option.rect.adjusted(0, 0, 0, -kShadowHeight);
     paintBox(painter, box, kCornerRadius, theme.field, theme.fieldBorder);
     // Whoever types needs to see where, however the field came by the focus.
     if (option.state & QStyle::State_HasFocus) paintFocusRing(painter, box, kCornerRadius);
@@ -129,7 +129,7 @@ void paintField(const QStyleOption& option, QPainter& painter) {
 
 void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter) {
     const Theme& theme = Theme::current();
-    const QRectF box = combo.rect.adjusted(0, 0, 0, -1);
+    const QRectF box = combo.rect.adjusted(0, 0, 0, -kShadowHeight);
     const bool isOpen = combo.state & QStyle::State_On;
     if (!isOpen) paintShadow(painter, box, kCornerRadius);
     paintBox(painter, box, kCornerRadius, isHovered(combo) ? theme.buttonHover : theme.field,
@@ -138,15 +138,16 @@ void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter) {
     painter.setPen(combo.state & QStyle::State_Enabled ? theme.text : theme.tertiaryText);
     static const QIcon chevrons = symbolIcon(QStringLiteral("chevron.up.chevron.down"));
     chevrons.paint(&painter, combo.rect.right() - kIconSize - 6,
-                   combo.rect.y() + (combo.rect.height() - 1 - kIconSize) / 2, kIconSize,
-                   kIconSize);
+                   combo.rect.y() + (combo.rect.height() - kShadowHeight - kIconSize) / 2,
+                   kIconSize, kIconSize);
     painter.restore();
     if (showsFocus(combo)) paintFocusRing(painter, box, kCornerRadius);
 }
 
 void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter) {
     const Theme& theme = Theme::current();
-    const QRect room = combo.rect.adjusted(kFieldPadding, 0, -kIconSize - kFieldPadding, -1);
+    const QRect room =
+        combo.rect.adjusted(kFieldPadding, 0, -kIconSize - kFieldPadding, -kShadowHeight);
     painter.save();
     painter.setPen(combo.state & QStyle::State_Enabled ? theme.text : theme.tertiaryText);
     painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

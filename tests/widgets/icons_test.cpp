@@ -51,16 +51,14 @@ INSTANTIATE_TEST_SUITE_P(All,
                                          "equal.circle",
                                          "info.circle",
                                          "wind.snow",
-                                         "chevron.up.chevron.down",
-                                         "chevron.right",
-                                         "checkmark"));
+                                         "chevron.up.chevron.down"));
 
 TEST(SymbolIconTest, TakesTheColorOfThePen) {
     QImage image(16, 16, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setPen(Qt::red);
-    symbolIcon(QStringLiteral("checkmark")).paint(&painter, 0, 0, 16, 16);
+    symbolIcon(QStringLiteral("equal.circle")).paint(&painter, 0, 0, 16, 16);
     painter.end();
     const Ink ink = inkOf(image, Qt::red);
     EXPECT_GT(ink.pixels, 10);
