@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QDialog>
+
+namespace kalvo::app {
+
+/// The panel that names the application and its makers. It deletes itself when it is closed.
+class AboutPanel final : public QDialog {
+    Q_OBJECT
+
+ public:
+    explicit AboutPanel(QWidget* parent);
+};
+
+}  // namespace kalvo::app

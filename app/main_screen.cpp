@@ -1,0 +1,68 @@
+#include "app/main_screen.h"
+
+namespace kalvo::app {
+
+namespace {
+
+constexpr int kNarrowestSidebar = 320;  // points
+constexpr int kWidestSidebar = 480;
+constexpr int kNarrowestDetails = 520;
+
+}  // namespace
+
+MainScreen::MainScreen(const Services& services, QWidget* parent)
+    : QSplitter(Qt::Horizontal, parent),
+      state_(services),
+      events_(state_),
+      sidebar_(new SidebarWidget(state_)),
+      details_(new DetailColumn(state_, services.parser)) {
+    setChildrenCollapsible(false);
+    sidebar_->setMinimumWidth(kNarrowestSidebar);
+    sidebar_->setMaximumWidth(kWidestSidebar);
+    details_->setMinimumWidth(kNarrowestDetails);
+    addWidget(sidebar_);
+    addWidget(details_);
+    setStretchFactor(0, 0);
+    setStretchFactor(1, 1);
+
+    connect(sidebar_, &SidebarWidget::edited, this, &MainScreen::redraw);
+    connect(details_, &DetailColumn::edited, this, &MainScreen::redraw);
+    state_.onChanged = [this] { redraw(); };
+}
+
+void MainScreen::redraw() {
+    events_.fire();
+    sidebar_->showState();
+    details_->showState();
+    showInfoSheet();
+}
+
+void MainScreen::selectMap(int tab) {
+    state_.activeTab = tab;
+    redraw();
+}
+
+void MainScreen::showInformation() {
+    state_.showInfoSheet = true;
+    redraw();
+}
+
+void MainScreen::showInfoSheet() {
+    if (!state_.showInfoSheet || infoSheet_) return;
+    infoSheet_ = new InfoSheetView(this);
+    connect(infoSheet_, &QDialog::finished, this, [this] {
+        state_.showInfoSheet = false;
+        redraw();
+    });
+    infoSheet_->open();
+}
+
+void MainScreen::showEvent(QShowEvent* event) {
+    QSplitter::showEvent(event);
+    if (isStarted_) return;
+    isStarted_ = true;
+    state_.initializeDatabase();
+    redraw();
+}
+
+}  // namespace kalvo::app

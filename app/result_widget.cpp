@@ -1,0 +1,113 @@
+#include "app/result_widget.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "widgets/divider.h"
+#include "widgets/icons.h"
+#include "widgets/spinner.h"
+#include "widgets/text_box.h"
+#include "widgets/theme.h"
+
+namespace kalvo::app {
+
+namespace {
+
+using widgets::FontStyle;
+using widgets::FontWeight;
+using widgets::TextRole;
+
+QVBoxLayout* makeColumn(QWidget* page, int spacing) {
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(spacing);
+    return column;
+}
+
+void showText(QLabel& label, const std::string& text) {
+    const QString shown = QString::fromStdString(text);
+    if (label.text() == shown) return;
+    label.setText(shown);
+    QAccessibleEvent announcement(&label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+}  // namespace
+
+ResultWidget::ResultWidget(QWidget* parent) : QWidget(parent) {
+    texts_ = makeTexts();
+    progress_ = makeProgress();
+    QVBoxLayout* column = makeColumn(this, 8);
+    column->addWidget(
+        widgets::makeLabel(QStringLiteral("Risultato Calcolo"), FontStyle::kHeadline));
+    column->addWidget(progress_);
+    column->addWidget(texts_);
+    column->addLayout(makeButtons());
+    progress_->hide();
+}
+
+QWidget* ResultWidget::makeTexts() {
+    const widgets::Theme& theme = widgets::Theme::current();
+    auto* page = new QWidget;
+    QVBoxLayout* column = makeColumn(page, 6);
+    details_ = widgets::makeLabel(QString(), FontStyle::kCaption, FontWeight::kRegular,
+                                  TextRole::kSecondary);
+    details_->setWordWrap(true);
+    result_ =
+        new widgets::TextBox(widgets::font(FontStyle::kBody, FontWeight::kBold), theme.windBox);
+    solarResult_ = new widgets::TextBox(widgets::font(FontStyle::kSubheadline, FontWeight::kBold),
+                                        theme.solarBox);
+    column->addWidget(details_);
+    column->addWidget(result_);
+    column->addWidget(new widgets::Divider);
+    column->addWidget(widgets::makeLabel(QStringLiteral("Stima Solare FTV"), FontStyle::kCaption,
+                                         FontWeight::kBold, TextRole::kOrange));
+    column->addWidget(solarResult_);
+    return page;
+}
+
+QWidget* ResultWidget::makeProgress() {
+    const QString text = QStringLiteral("Scaricamento dati Meteoblue...");
+    auto* page = new QWidget;
+    auto* row = new QHBoxLayout(page);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(8);
+    row->addWidget(new widgets::Spinner(text));
+    row->addWidget(
+        widgets::makeLabel(text, FontStyle::kCaption, FontWeight::kRegular, TextRole::kOrange));
+    row->addStretch();
+    return page;
+}
+
+QLayout* ResultWidget::makeButtons() {
+    auto* copy = new QPushButton(widgets::symbolIcon(QStringLiteral("doc.on.doc")),
+                                 QStringLiteral("Copia &Risultato"));
+    auto* calculate = new QPushButton(widgets::symbolIcon(QStringLiteral("equal.circle")),
+                                      QStringLiteral("C&alcola"));
+    calculate->setProperty("prominent", true);
+    auto* information =
+        new QPushButton(widgets::symbolIcon(QStringLiteral("info.circle")), QString());
+    information->setAccessibleName(QStringLiteral("Informazioni"));
+    information->setToolTip(QStringLiteral("Informazioni (F1)"));
+    connect(copy, &QPushButton::clicked, this, &ResultWidget::copyRequested);
+    connect(calculate, &QPushButton::clicked, this, &ResultWidget::calculationRequested);
+    connect(information, &QPushButton::clicked, this, &ResultWidget::informationRequested);
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    for (QPushButton* button : {copy, calculate, information}) row->addWidget(button);
+    row->addStretch();
+    return row;
+}
+
+void ResultWidget::showState(const ContentView& state) {
+    progress_->setVisible(state.isFetchingOnline);
+    texts_->setVisible(!state.isFetchingOnline);
+    showText(*details_, state.detailsText);
+    details_->setVisible(!state.detailsText.empty());
+    showText(*result_, state.resultText);
+    showText(*solarResult_, state.pvResultText);
+}
+
+}  // namespace kalvo::app

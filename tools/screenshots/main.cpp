@@ -1,0 +1,104 @@
+// Opens the application's window, works its controls and saves pictures of it. A development aid:
+// it never reaches the network, so that its pictures are the same everywhere.
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QTextStream>
+
+#include "app/kalvo_tresk_app.h"
+#include "platform/qt/qt_pasteboard.h"
+#include "platform/qt/qt_workspace.h"
+#include "widgets/theme.h"
+
+namespace {
+
+using namespace kalvo;
+
+class NoNetwork final : public platform::HttpSession {
+ public:
+    platform::Task<platform::Result<std::string>> get(platform::HttpRequest) override {
+        co_return platform::Failure({"Transport", 1, "no network for pictures"});
+    }
+};
+
+void addOptions(QCommandLineParser& parser) {
+    parser.addPositionalArgument("picture", "The PNG file to write.");
+    parser.addHelpOption();
+    parser.addOptions({{"dark", "Take the desktop for a dark one."},
+                       {"size", "The window's size in points.", "width>x<height", "1320x900"},
+                       {"country", "Choose this entry of the country picker.", "name"},
+                       {"search", "Type this text into the search field.", "text"},
+                       {"quantity", "The number of turbines.", "text"},
+                       {"map", "Choose this map, from 0.", "tab"},
+                       {"details", "Choose this analysis, from 0.", "tab"},
+                       {"fetching", "Show a download under way."},
+                       {"open", "Open the place picker, or the menu of this number.", "what"},
+                       {"sheet", "Open the information sheet."},
+                       {"focus", "Press the tabulator key so many times.", "count"}});
+}
+
+/// Lets the window live for a moment: layouts, images and the globe's first frames.
+void settle(int milliseconds = 300) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds) QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void work(app::MainScreen& screen, const QCommandLineParser& options) {
+    app::ContentView& state = screen.state();
+    const auto set = [&](const char* option, auto edit) {
+        if (!options.isSet(option)) return;
+        edit(options.value(option));
+        screen.redraw();
+    };
+    set("country", [&](const QString& name) { state.selectedCountry = name.toStdString(); });
+    set("search", [&](const QString& text) { state.searchText = text.toStdString(); });
+    set("quantity", [&](const QString& text) { state.quantityString = text.toStdString(); });
+    set("map", [&](const QString& tab) { state.activeTab = tab.toInt(); });
+    set("details", [&](const QString& tab) { state.activeDetailsTab = tab.toInt(); });
+    set("fetching", [&](const QString&) { state.isFetchingOnline = true; });
+    set("sheet", [&](const QString&) { state.showInfoSheet = true; });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QCommandLineParser options;
+    addOptions(options);
+    options.process(application);
+    if (options.positionalArguments().size() != 1) options.showHelp(2);
+
+    QPalette desktop = QApplication::palette();
+    desktop.setColor(QPalette::Window, options.isSet("dark") ? Qt::black : Qt::white);
+    QApplication::setPalette(desktop);
+
+    const platform::Bundle& bundle = platform::Bundle::main();
+    widgets::Theme::apply(bundle);
+    NoNetwork network;
+    platform::Diagnostics& diagnostics = platform::Diagnostics::standardOutput();
+    engine::LocationParser parser(bundle, diagnostics);
+    online::MeteoblueScraper scraper(network, online::ServiceOrigins::publicServices(),
+                                     diagnostics);
+    platform::QtPasteboard pasteboard;
+    platform::QtWorkspace workspace;
+    app::Kalvo_TreskApp kalvo({parser, scraper, pasteboard, diagnostics, bundle},
+                              platform::NotificationCenter::defaultCenter(), workspace);
+    QMainWindow* window = kalvo.openWindow();
+    const QStringList size = options.value("size").split('x');
+    window->resize(size.value(0).toInt(), size.value(1).toInt());
+    settle();
+    work(*qobject_cast<app::MainScreen*>(window->centralWidget()), options);
+    settle();
+
+    QWidget* shown = options.isSet("sheet") ? QApplication::activeModalWidget() : window;
+    const QString file = options.positionalArguments().first();
+    if (shown == nullptr || !shown->grab().save(file)) {
+        QTextStream(stderr) << "could not save " << file << '\n';
+        return 1;
+    }
+    delete window;
+    return 0;
+}
