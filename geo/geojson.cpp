@@ -15,7 +15,6 @@ namespace {
 using platform::Failure;
 using simdjson::dom::array;
 using simdjson::dom::element;
-using simdjson::dom::element_type;
 using simdjson::dom::object;
 
 Failure failure(std::string message) { return Failure({"GeoJSON", 0, std::move(message)}); }

@@ -1,6 +1,7 @@
 #include "online/climate_page.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -50,10 +51,10 @@ std::vector<std::string> matches(std::string_view pattern, std::string_view text
 
     const re2::StringPiece page(text.data(), text.size());
     std::size_t position = 0;
-    re2::StringPiece groups[2];
+    std::array<re2::StringPiece, 2> groups;
     const int groupCount = std::min(expression.NumberOfCapturingGroups() + 1, 2);
-    while (position <= text.size() &&
-           expression.Match(page, position, page.size(), RE2::UNANCHORED, groups, groupCount)) {
+    while (position <= text.size() && expression.Match(page, position, page.size(), RE2::UNANCHORED,
+                                                       groups.data(), groupCount)) {
         if (groupCount == 2 && groups[1].data() != nullptr) captured.emplace_back(groups[1]);
         position = static_cast<std::size_t>(groups[0].end() - page.begin());
         if (groups[0].empty()) position = nextCharacter(text, position);
