@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "engine/climate_data.h"
+#include "platform/pasteboard.h"
+
+namespace kalvo::charts {
+
+/// The days of every month in each wind-speed class as a table, which is also the legend of the
+/// wind charts, and as tab-separated text for a spreadsheet.
+struct WindTableView {
+    engine::WindDistribution distribution;
+    bool copiedNotice = false;  // for two seconds after a copy
+
+    static constexpr std::string_view kCorner = "Velocità";
+
+    /// Days of a class (0 to 6) in a month (0 to 11); 0 where the data hold none.
+    [[nodiscard]] std::int64_t days(std::size_t windClass, std::size_t month) const;
+
+    /// Header and seven class rows of thirteen fields, without a line feed at the end.
+    [[nodiscard]] std::string clipboardText() const;
+
+    [[nodiscard]] std::string_view copyButtonText() const {
+        return copiedNotice ? "Copiato!" : "Copia Dati Tabella";
+    }
+
+    /// Puts the text on the clipboard and begins the notice. Whoever shows the view ends it after
+    /// two seconds.
+    void copyToClipboard(platform::Pasteboard& pasteboard);
+};
+
+}  // namespace kalvo::charts
