@@ -1,0 +1,61 @@
+#include "charts/details_notebook_widget.h"
+
+#include <QVBoxLayout>
+
+#include "charts/solar_details_widget.h"
+#include "charts/wind_details_widget.h"
+
+namespace kalvo::charts {
+
+DetailsNotebookWidget::DetailsNotebookWidget(platform::Pasteboard& pasteboard, QWidget* parent)
+    : QScrollArea(parent),
+      view_{0, {}, {}, {}, {}, {}},
+      wind_(new WindDetailsWidget(pasteboard)),
+      solar_(new SolarDetailsWidget) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    auto* pages = new QWidget;
+    auto* layout = new QVBoxLayout(pages);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(wind_);
+    layout->addWidget(solar_);
+    layout->addStretch(1);
+    setWidget(pages);
+    showView();
+    arrange();
+}
+
+void DetailsNotebookWidget::setView(DetailsNotebookView view) {
+    view.horizontalSizeClass = view_.horizontalSizeClass;
+    view_ = std::move(view);
+    showView();
+}
+
+void DetailsNotebookWidget::showView() {
+    wind_->setView(view_);
+    solar_->setView(view_);
+    wind_->setVisible(view_.showsWind());
+    solar_->setVisible(!view_.showsWind());
+}
+
+void DetailsNotebookWidget::arrange() {
+    wind_->arrange(view_.arrangement());
+    solar_->arrange(view_.arrangement());
+}
+
+void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
+    const auto sizeClass = width() < wind_->sideBySideWidth() ? HorizontalSizeClass::kCompact
+                                                              : HorizontalSizeClass::kRegular;
+    if (view_.horizontalSizeClass != sizeClass) {
+        view_.horizontalSizeClass = sizeClass;
+        arrange();
+    }
+    QScrollArea::resizeEvent(event);
+}
+
+QSize DetailsNotebookWidget::sizeHint() const {
+    return {wind_->sideBySideWidth(), wind_->sizeHint().height()};
+}
+
+}  // namespace kalvo::charts

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QScrollArea>
+
+#include "charts/details_notebook_view.h"
+#include "platform/pasteboard.h"
+
+namespace kalvo::charts {
+
+class SolarDetailsWidget;
+class WindDetailsWidget;
+
+/// The detail panel: scrolls vertically, and stacks its content where it is too narrow to show it
+/// side by side.
+class DetailsNotebookWidget final : public QScrollArea {
+    Q_OBJECT
+
+ public:
+    /// The pasteboard outlives the widget.
+    explicit DetailsNotebookWidget(platform::Pasteboard& pasteboard, QWidget* parent = nullptr);
+
+    /// Repaints only what differs from the view shown. The size class is the widget's own.
+    void setView(DetailsNotebookView view);
+
+    /// Room for the side-by-side arrangement.
+    [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    void showView();
+    void arrange();
+
+    DetailsNotebookView view_;
+    WindDetailsWidget* wind_;
+    SolarDetailsWidget* solar_;
+};
+
+}  // namespace kalvo::charts

@@ -1,0 +1,91 @@
+#include "charts/chart_widget.h"
+
+#include <gtest/gtest.h>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QTest>
+#include <QToolTip>
+
+namespace kalvo::charts {
+namespace {
+
+const WindChartView kWind{{{"Gen", {0, 0, 0, 15, 0, 0, 10}}}};
+
+/// Counts how often a widget is painted.
+class PaintCounter final : public QObject {
+ public:
+    int paints = 0;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++paints;
+        return false;
+    }
+};
+
+// The plot of a chart 650 wide has 50 points a month.
+class ChartWidgetTest : public testing::Test {
+ protected:
+    ChartWidgetTest() : widget("Grafico", kWind) {
+        widget.setChartHeight(200);
+        widget.resize(651, 201);
+        widget.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    }
+    ~ChartWidgetTest() override { QToolTip::hideText(); }
+
+    ChartWidget widget;
+};
+
+TEST_F(ChartWidgetTest, TellsWhatIsUnderThePointer) {
+    EXPECT_EQ(widget.textAt({60.5, 120.5}), "Gennaio · 10-20 km/h: 15 giorni");
+    EXPECT_EQ(widget.textAt({5, 100}), "");
+    QTest::mouseMove(&widget, {60, 120});
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::isVisible(); }));
+    EXPECT_TRUE(QToolTip::text().contains("10-20 km/h: 15 giorni"));
+    QTest::mouseMove(&widget, {110, 100});
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().contains("Febbraio"); }));
+    EXPECT_TRUE(QToolTip::text().contains("&lt; 2 km/h: 0 giorni"));
+}
+
+TEST_F(ChartWidgetTest, IsAGraphicWithASummaryToScreenReaders) {
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Graphic);
+    EXPECT_EQ(accessible->text(QAccessible::Name), "Grafico");
+    EXPECT_TRUE(accessible->text(QAccessible::Description).contains("Gennaio (10 giorni)"));
+    widget.setChart(WindRoseChartView{{{4, {7}}}});
+    EXPECT_TRUE(accessible->text(QAccessible::Description).contains("da Est (7 ore l'anno)"));
+}
+
+TEST_F(ChartWidgetTest, RepaintsOnlyForAnotherChart) {
+    QApplication::processEvents();
+    PaintCounter counter;
+    widget.installEventFilter(&counter);
+    widget.setChart(kWind);
+    QTest::qWait(50);
+    EXPECT_EQ(counter.paints, 0);
+    widget.setChart(WindChartView{});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.paints == 1; }));
+}
+
+TEST_F(ChartWidgetTest, CopiesItselfAsAPicture) {
+    QApplication::clipboard()->clear();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {100, 100},
+                            widget.mapToGlobal(QPoint(100, 100)));
+    QApplication::sendEvent(&widget, &event);
+    auto* menu = widget.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 1);
+    EXPECT_EQ(menu->actions().front()->text(), "Copia immagine");
+    menu->actions().front()->trigger();
+    menu->close();
+    const QImage image = QApplication::clipboard()->image();
+    EXPECT_EQ(image.size(), QSize(1302, 402));
+    // At twice the size: the middle of January's strongest segment, and the paper beside it.
+    EXPECT_EQ(image.pixelColor(121, 320), QColor("#ffd600"));
+    EXPECT_EQ(image.pixelColor(80, 320), QColor(Qt::white));
+}
+
+}  // namespace
+}  // namespace kalvo::charts
