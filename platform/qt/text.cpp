@@ -2,18 +2,17 @@
 
 #include <algorithm>
 
+#include <simdjson.h>
 #include <QList>
 #include <QString>
-#include <QStringDecoder>
 
 namespace kalvo::platform {
 
 namespace {
 
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char character) { return static_cast<signed char>(character) >= 0; });
-}
+bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+bool isAllAscii(std::string_view text) { return std::all_of(text.begin(), text.end(), isAscii); }
 
 /// Case mapping of plain ASCII, by far the most of the texts: every letter of the range moved.
 std::string shiftedLetters(std::string_view text, char first, char last, int shift) {
@@ -37,17 +36,15 @@ struct CodePoint {
 bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
 CodePoint decodeFront(std::string_view text) {
+    if (isAscii(text.front())) return {static_cast<unsigned char>(text.front()), 1};
     std::size_t length = 1;
     while (length < text.size() && length < 4 && isContinuation(text[length])) ++length;
-    if (length == 1) {
-        const auto byte = static_cast<unsigned char>(text.front());
-        return {byte < 0x80 ? byte : U'\uFFFD', 1};
-    }
     const QList<uint> points = decoded(text.substr(0, length)).toUcs4();
     return {points.size() == 1 ? points.front() : U'\uFFFD', length};
 }
 
 CodePoint decodeBack(std::string_view text) {
+    if (isAscii(text.back())) return {static_cast<unsigned char>(text.back()), 1};
     std::size_t start = text.size() - 1;
     while (start > 0 && text.size() - start < 4 && isContinuation(text[start])) --start;
     return {decodeFront(text.substr(start)).value, text.size() - start};
@@ -69,7 +66,8 @@ std::string_view trimmedWhile(std::string_view text, Predicate isDropped) {
 }
 
 bool isSpace(char32_t character) {
-    return character == U'\t' || QChar::category(character) == QChar::Separator_Space;
+    if (character < 0x80) return character == U' ' || character == U'\t';
+    return QChar::category(character) == QChar::Separator_Space;
 }
 
 bool isNewline(char32_t character) {
@@ -80,12 +78,12 @@ bool isNewline(char32_t character) {
 }  // namespace
 
 std::string lowercased(std::string_view text) {
-    if (!isAscii(text)) return decoded(text).toLower().toStdString();
+    if (!isAllAscii(text)) return decoded(text).toLower().toStdString();
     return shiftedLetters(text, 'A', 'Z', 'a' - 'A');
 }
 
 std::string uppercased(std::string_view text) {
-    if (!isAscii(text)) return decoded(text).toUpper().toStdString();
+    if (!isAllAscii(text)) return decoded(text).toUpper().toStdString();
     return shiftedLetters(text, 'a', 'z', 'A' - 'a');
 }
 
@@ -108,10 +106,7 @@ std::size_t characterCount(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view bytes) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    [[maybe_unused]] const QString text =
-        decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    return !decoder.hasError();
+    return simdjson::validate_utf8(bytes.data(), bytes.size());
 }
 
 }  // namespace kalvo::platform

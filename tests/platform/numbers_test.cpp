@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -18,8 +19,17 @@ TEST(ParseDouble, ReadsWhatTheCLibraryReads) {
     EXPECT_TRUE(std::isnan(parseDouble("nan").value()));
 }
 
+TEST(ParseDouble, RoundsAsTheCLibraryDoes) {
+    for (const char* text :
+         {"0", "7.", ".7", "0.1", "45.46030", "11.32639", "0.00000000000001", "99999999999.999",
+          "123456789012345", "999999999999999", "9007199254740993", "0.3000000000000000166"}) {
+        EXPECT_EQ(parseDouble(text), std::strtod(text, nullptr)) << text;
+    }
+}
+
 TEST(ParseDouble, RefusesAnythingRoundTheNumber) {
-    for (const char* text : {"", " 1", "\t1", "1 ", "1,5", "12 kWh", "abc", "--1", "1e"}) {
+    for (const char* text :
+         {"", " 1", "\t1", "1 ", "1,5", "12 kWh", "abc", "--1", "1e", ".", "1.2.3"}) {
         EXPECT_EQ(parseDouble(text), std::nullopt) << text;
     }
     EXPECT_EQ(parseDouble(std::string_view("1\0002", 3)), std::nullopt);
