@@ -1,45 +1,67 @@
 #include "engine/delimited_text.h"
 
 #include <algorithm>
-#include <utility>
+#include <array>
+
+#include "platform/text.h"
 
 namespace kalvo::engine {
 
 namespace {
 
-/// The bytes of the newline character at a position, 0 when there is none.
-std::size_t newlineLength(std::string_view text, std::size_t position) {
-    const auto byte = static_cast<unsigned char>(text[position]);
-    if (byte >= '\n' && byte <= '\r') return 1;
-    if (byte == 0xC2) return text.substr(position).starts_with("\u0085") ? 2 : 0;
-    if (byte == 0xE2) {
-        const std::string_view rest = text.substr(position);
-        return rest.starts_with("\u2028") || rest.starts_with("\u2029") ? 3 : 0;
-    }
-    return 0;
+/// Whether a byte ends a field, or may begin a newline character.
+bool isMark(char byte) {
+    static constexpr std::array<bool, 256> kMarks = [] {
+        std::array<bool, 256> marks{};
+        for (const unsigned char mark : {';', '\n', '\v', '\f', '\r'}) marks[mark] = true;
+        marks[0xC2] = marks[0xE2] = true;
+        return marks;
+    }();
+    return kMarks[static_cast<unsigned char>(byte)];
+}
+
+/// The bytes of the newline character at the beginning of the text, 0 when there is none.
+std::size_t newlineLength(std::string_view text) {
+    if (text.front() >= '\n' && text.front() <= '\r') return 1;
+    if (text.starts_with("\u0085")) return 2;
+    return text.starts_with("\u2028") || text.starts_with("\u2029") ? 3 : 0;
 }
 
 }  // namespace
 
-std::string_view takeLine(std::string_view& text) {
-    for (std::size_t end = 0; end < text.size(); ++end) {
-        if (const std::size_t length = newlineLength(text, end)) {
-            const std::string_view line = text.substr(0, end);
-            text.remove_prefix(end + length);
-            return line;
-        }
-    }
-    return std::exchange(text, {});
-}
-
-void splitFields(std::string_view line, std::size_t limit, std::vector<std::string_view>& fields) {
+void takeRow(std::string_view& text, std::size_t limit, std::vector<std::string_view>& fields) {
+    const std::string_view rest = text;
     fields.clear();
     std::size_t start = 0;
-    while (fields.size() < limit && start <= line.size()) {
-        const std::size_t end = std::min(line.find(';', start), line.size());
-        fields.push_back(line.substr(start, end - start));
-        start = end + 1;
+    std::size_t end = 0;
+    std::size_t newline = 0;
+    while (newline == 0) {
+        end = static_cast<std::size_t>(
+            std::find_if(rest.begin() + static_cast<std::ptrdiff_t>(end), rest.end(), isMark) -
+            rest.begin());
+        if (end == rest.size()) break;
+        if (rest[end] != ';') {
+            newline = newlineLength(rest.substr(end));
+            if (newline == 0) ++end;
+            continue;
+        }
+        if (fields.size() < limit) {
+            fields.push_back(rest.substr(start, end - start));
+            start = end + 1;
+        }
+        ++end;
     }
+    text.remove_prefix(end + newline);
+
+    const std::string_view line = rest.substr(0, end);
+    const std::string_view trimmed = platform::trimmedSpacesAndNewlines(line);
+    if (trimmed.empty()) return fields.clear();
+    const auto blanksBefore = static_cast<std::size_t>(trimmed.data() - line.data());
+    if (fields.size() < limit) {
+        fields.push_back(line.substr(start));
+        fields.back().remove_suffix(line.size() - trimmed.size() - blanksBefore);
+    }
+    if (!fields.empty()) fields.front().remove_prefix(blanksBefore);
 }
 
 }  // namespace kalvo::engine

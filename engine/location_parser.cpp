@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "engine/delimited_text.h"
 #include "platform/numbers.h"
@@ -45,9 +47,9 @@ struct Columns {
 
 using Fields = std::vector<std::string_view>;
 
-Columns readHeader(std::string_view line) {
+Columns takeHeader(std::string_view& text) {
     Fields names;
-    splitFields(line, kNowhere, names);
+    takeRow(text, kNowhere, names);
     std::map<std::string, std::size_t, std::less<>> positions;
     for (std::size_t position = 0; position < names.size(); ++position) {
         const std::string_view name = platform::trimmedSpacesAndNewlines(names[position]);
@@ -73,35 +75,33 @@ Columns readHeader(std::string_view line) {
 std::optional<double> numberIn(const Fields& fields, std::size_t position) {
     if (position >= fields.size()) return std::nullopt;
     const std::string_view field = fields[position];
-    if (field.find(',') == std::string_view::npos) return platform::parseDouble(field);
-    std::string withPoint(field);
-    std::replace(withPoint.begin(), withPoint.end(), ',', '.');
-    return platform::parseDouble(withPoint);
-}
-
-std::string joined(std::initializer_list<std::string_view> parts) {
-    std::size_t size = 0;
-    for (const std::string_view part : parts) size += part.size();
-    std::string text;
-    text.reserve(size);
-    for (const std::string_view part : parts) text += part;
-    return text;
-}
-
-/// The place on a line, or nothing when the line does not reach its name, province and region.
-std::optional<Location> readPlace(const Fields& fields, const Columns& columns) {
-    if (std::max({columns.city, columns.province, columns.region}) >= fields.size()) {
-        return std::nullopt;
+    std::optional<double> number = platform::parseDouble(field);
+    if (!number && field.find(',') != std::string_view::npos) {
+        std::string withPoint(field);
+        std::replace(withPoint.begin(), withPoint.end(), ',', '.');
+        number = platform::parseDouble(withPoint);
     }
+    return number;
+}
+
+/// Whether a line is long enough to name a place.
+bool namesPlace(const Fields& fields, const Columns& columns) {
+    return std::max({columns.city, columns.province, columns.region}) < fields.size();
+}
+
+Location readPlace(const Fields& fields, const Columns& columns) {
     const std::string_view city = platform::trimmedSpaces(fields[columns.city]);
     const std::string_view province = platform::trimmedSpaces(fields[columns.province]);
     // A station of blanks is one without a name, not none.
     const bool hasStation = columns.station < fields.size() && !fields[columns.station].empty();
     const std::string_view station =
         hasStation ? platform::trimmedSpaces(fields[columns.station]) : std::string_view{};
-    return Location{
-        .label = hasStation ? joined({city, " (", province, ") - ", station})
-                            : joined({city, " (", province, ")"}),
+    std::string label;
+    label.reserve(city.size() + province.size() + station.size() + std::strlen(" () - "));
+    label.append(city).append(" (").append(province).append(")");
+    if (hasStation) label.append(" - ").append(station);
+    return {
+        .label = std::move(label),
         .city = std::string(city),
         .province = std::string(province),
         .region = std::string(platform::trimmedSpaces(fields[columns.region])),
@@ -118,16 +118,14 @@ std::optional<Location> readPlace(const Fields& fields, const Columns& columns) 
 
 std::vector<Location> readPlaces(std::string_view text) {
     constexpr std::size_t kTypicalLine = 64;  // bytes
-    const Columns columns = readHeader(takeLine(text));
+    const Columns columns = takeHeader(text);
     const std::size_t fieldLimit = columns.fieldLimit();
     std::vector<Location> places;
     places.reserve(text.size() / kTypicalLine);
     Fields fields;
     while (!text.empty()) {
-        const std::string_view line = platform::trimmedSpacesAndNewlines(takeLine(text));
-        if (line.empty()) continue;
-        splitFields(line, fieldLimit, fields);
-        if (auto place = readPlace(fields, columns)) places.push_back(*std::move(place));
+        takeRow(text, fieldLimit, fields);
+        if (namesPlace(fields, columns)) places.push_back(readPlace(fields, columns));
     }
     return places;
 }

@@ -1,5 +1,6 @@
 #include "tools/catalogue/source_tables.h"
 
+#include <limits>
 #include <set>
 
 #include "engine/delimited_text.h"
@@ -18,19 +19,22 @@ Failure badTable(std::string message) {
     return Failure({"CatalogueSource", 1, std::move(message)});
 }
 
-/// Every line below the header, cut into as many fields as the header has.
-Result<std::vector<Fields>> readRows(std::string_view table, std::string_view header) {
-    if (engine::takeLine(table) != header) {
-        return badTable("the columns are not " + std::string(header));
-    }
-    Fields columns;
-    engine::splitFields(header, header.size(), columns);
+/// Every line below the header, which must name these columns.
+Result<std::vector<Fields>> readRows(std::string_view table, std::string_view columns) {
+    constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
+    const std::string message = "the columns are not " + std::string(columns);
+    Fields expected;
+    engine::takeRow(columns, kAll, expected);
+    Fields header;
+    engine::takeRow(table, kAll, header);
+    if (header != expected) return badTable(message);
+
     std::vector<Fields> rows;
     while (!table.empty()) {
-        const std::string_view line = engine::takeLine(table);
-        if (engine::splitFields(line, line.size(), rows.emplace_back());
-            rows.back().size() != columns.size()) {
-            return badTable("a line has too few or too many fields: " + std::string(line));
+        engine::takeRow(table, kAll, rows.emplace_back());
+        if (rows.back().size() != header.size()) {
+            return badTable("line " + std::to_string(rows.size() + 1) +
+                            " has too few or too many fields");
         }
     }
     return rows;
