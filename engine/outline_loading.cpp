@@ -26,15 +26,11 @@ bool isRing(AnyCodable value) {
     return !first.empty() && first.front().isNumber();
 }
 
-bool isPosition(AnyCodable value) {
-    return value.size() >= 2 && value[0].isNumber() && value[1].isNumber();
-}
-
 CountryRing positions(AnyCodable ring) {
     CountryRing pairs;
     pairs.reserve(ring.size());
     for (const AnyCodable member : ring) {
-        if (isPosition(member)) pairs.push_back({member[1].number(), member[0].number()});
+        if (member.isPosition()) pairs.push_back({member[1].number(), member[0].number()});
     }
     return pairs;
 }

@@ -57,6 +57,11 @@ class AnyCodable {
     }
     [[nodiscard]] AnyCodable front() const { return (*this)[0]; }
 
+    /// Whether this is a GeoJSON position: an array that begins with two numbers, longitude first.
+    [[nodiscard]] bool isPosition() const {
+        return size() >= 2 && (*this)[0].isNumber() && (*this)[1].isNumber();
+    }
+
     /// The elements of an array in order; none for a number.
     [[nodiscard]] Iterator begin() const { return {pool_, isArray() ? header() + 1 : nullptr}; }
     [[nodiscard]] Iterator end() const {

@@ -2,17 +2,15 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/bundle.h"
+#include "tests/geo/geojson_texts.h"
 
 namespace kalvo::geo {
 namespace {
 
 using testing::HasSubstr;
 
-/// A collection of one feature with these properties and coordinates.
 std::string collectionOf(const std::string& properties, const std::string& coordinates) {
-    return R"({"type":"FeatureCollection","features":[{"properties":)" + properties +
-           R"(,"geometry":{"type":"Polygon","coordinates":)" + coordinates + "}}]}";
+    return tests::collectionText({tests::featureText(properties, coordinates)});
 }
 
 std::string nested(std::size_t depth) { return std::string(depth, '[') + std::string(depth, ']'); }
@@ -51,7 +49,7 @@ TEST(GeoJSON, PropertyValuesOfEveryTypeBecomeTexts) {
 
 TEST(GeoJSON, CoordinatesKeepTheirNesting) {
     const auto map = decodeGeoJSON(
-        collectionOf("{}", "[[[12.5,41.9],[13,-42,100]],[],7,[8,[9],18446744073709551616]]"));
+        tests::outlineText("[[[12.5,41.9],[13,-42,100]],[],7,[8,[9],18446744073709551616]]"));
     ASSERT_TRUE(map) << map.error().message;
     EXPECT_EQ(map->features[0].geometry.type, "Polygon");
     const CoordinateList& list = map->features[0].geometry.coordinates;
@@ -91,8 +89,8 @@ TEST(GeoJSON, AnythingAmissFailsTheWholeText) {
              {"", "Empty"},
              {good.substr(0, good.size() / 2), "JSON document"},
              {good + "x", "JSON document"},
-             {collectionOf("{}", "[[01,2]]"), "number"},
-             {collectionOf("{}", "[[01e999,2]]"), "number"},
+             {tests::outlineText("[[01,2]]"), "number"},
+             {tests::outlineText("[[01e999,2]]"), "number"},
              {collectionOf("{\"k\":\"\xFF\"}", "[]"), "UTF-8"},
              {"[]", "not a JSON object"},
              {"{}", "\"features\" is missing"},
@@ -109,11 +107,11 @@ TEST(GeoJSON, AnythingAmissFailsTheWholeText) {
               "\"coordinates\" is missing"},
              {feature(properties + R"(,"geometry":{"type":"Point","coordinates":null})"),
               "\"coordinates\" is not an array"},
-             {collectionOf("{}", R"([[[12.5,"41.9"]]])"), "Invalid geometry element"},
-             {collectionOf("{}", "[[null]]"), "Invalid geometry element"},
-             {collectionOf("{}", "[[[1,2],true]]"), "Invalid geometry element"},
-             {collectionOf("{}", "[{}]"), "Invalid geometry element"},
-             {collectionOf("{}", "[[1e400,2]]"), "Invalid geometry element"},
+             {tests::outlineText(R"([[[12.5,"41.9"]]])"), "Invalid geometry element"},
+             {tests::outlineText("[[null]]"), "Invalid geometry element"},
+             {tests::outlineText("[[[1,2],true]]"), "Invalid geometry element"},
+             {tests::outlineText("[{}]"), "Invalid geometry element"},
+             {tests::outlineText("[[1e400,2]]"), "Invalid geometry element"},
              {R"({"features":)" + std::string(100'000, '['), "JSON document"},
          }) {
         const auto map = decodeGeoJSON(json);
@@ -134,7 +132,7 @@ TEST(GeoJSON, NestingOfAnyDepthDecodesAndIsWalkedAndWrittenBack) {
 }
 
 TEST(GeoJSON, WalkingVisitsInOrderAndLeavesOutWhatIsDeclined) {
-    const auto map = decodeGeoJSON(collectionOf("{}", "[1,[2,[3,4]],[],[[5],6]]"));
+    const auto map = decodeGeoJSON(tests::outlineText("[1,[2,[3,4]],[],[[5],6]]"));
     ASSERT_TRUE(map);
     std::vector<double> seen;
     walk(map->features[0].geometry.coordinates, [&](AnyCodable value) {
@@ -160,10 +158,10 @@ TEST(GeoJSON, EncodingKeepsTheShape) {
 }
 
 TEST(GeoJSON, MapsAreValues) {
-    const auto first = decodeGeoJSON(collectionOf("{}", "[[1,2]]"));
-    const auto same = decodeGeoJSON(collectionOf("{}", " [ [1.0, 2] ] "));
-    const auto otherNumbers = decodeGeoJSON(collectionOf("{}", "[[1,3]]"));
-    const auto otherNesting = decodeGeoJSON(collectionOf("{}", "[1,2]"));
+    const auto first = decodeGeoJSON(tests::outlineText("[[1,2]]"));
+    const auto same = decodeGeoJSON(tests::outlineText(" [ [1.0, 2] ] "));
+    const auto otherNumbers = decodeGeoJSON(tests::outlineText("[[1,3]]"));
+    const auto otherNesting = decodeGeoJSON(tests::outlineText("[1,2]"));
     ASSERT_TRUE(first && same && otherNumbers && otherNesting);
     EXPECT_EQ(*first, *same);
     EXPECT_NE(*first, *otherNumbers);

@@ -1,7 +1,7 @@
-#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include "engine/location_parser.h"
+#include "tests/geo/geojson_texts.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/temporary_folder.h"
 
@@ -10,15 +10,10 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using tests::outlineText;
 
-const std::string kBroken = R"({"features":[{"properties":{},"geometry":{"type":"Polygon",)"
-                            R"("coordinates":[[["12.5",41.9]]]}}]})";
+const std::string kBroken = outlineText(R"([[["12.5",41.9]]])");
 const std::string kBrokenBecause = "Feature 1: Invalid geometry element";
-
-std::string collectionOf(const std::string& coordinates) {
-    return R"({"features":[{"properties":{},"geometry":{"type":"Polygon","coordinates":)" +
-           coordinates + "}}]}";
-}
 
 /// Positions [i, -i] for i from 0 to count - 1.
 std::string ringOf(int count) {
@@ -35,14 +30,14 @@ class OutlineLoading : public testing::Test {
     LocationParser parser{bundle, diagnostics};
 
     std::vector<CountryRing> worldRings(const std::string& coordinates) {
-        folder.write("world_countries.json", collectionOf(coordinates));
+        folder.write("world_countries.json", outlineText(coordinates));
         return LocationParser(bundle, diagnostics).loadWorldCountryRings();
     }
 };
 
 TEST_F(OutlineLoading, TheEndingOfTheNameIsOptional) {
-    folder.write("regioni.json", collectionOf("[]"));
-    folder.write("a.b.json", collectionOf("[]"));
+    folder.write("regioni.json", outlineText("[]"));
+    folder.write("a.b.json", outlineText("[]"));
     for (const char* name : {"regioni", "regioni.json", "reg.jsonioni.json", "a.b.json"}) {
         EXPECT_TRUE(parser.loadGeoJSON(name)) << name;
     }
@@ -109,14 +104,14 @@ TEST_F(OutlineLoading, WorldRingsAreReadOnceButFailuresAreTriedAgain) {
     const std::string line = "Error parsing GeoJSON world_countries.json: " + kBrokenBecause;
     EXPECT_THAT(diagnostics.lines, ElementsAre(line, line));
 
-    folder.write("world_countries.json", collectionOf(fmt::format("[{}]", ringOf(3))));
+    folder.write("world_countries.json", outlineText(fmt::format("[{}]", ringOf(3))));
     EXPECT_EQ(parser.loadWorldCountryRings().size(), 1u);
     folder.write("world_countries.json", kBroken);
     EXPECT_EQ(parser.loadWorldCountryRings().size(), 1u);
 }
 
 TEST_F(OutlineLoading, AWorldWithoutRingsIsRememberedToo) {
-    folder.write("world_countries.json", collectionOf("[]"));
+    folder.write("world_countries.json", outlineText("[]"));
     EXPECT_THAT(parser.loadWorldCountryRings(), IsEmpty());
     folder.write("world_countries.json", kBroken);
     EXPECT_THAT(parser.loadWorldCountryRings(), IsEmpty());

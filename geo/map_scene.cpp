@@ -1,0 +1,76 @@
+#include "geo/map_scene.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace kalvo::geo {
+
+namespace {
+
+using platform::Path;
+using platform::Point;
+using platform::Polyline;
+
+void appendRing(AnyCodable ring, const MapProjection& projection, std::vector<Path>& polygons) {
+    Polyline outline{{}, true};
+    outline.points.reserve(ring.size());
+    for (const AnyCodable member : ring) {
+        if (!member.isPosition()) continue;
+        const double lng = member[0].number();
+        const double lat = member[1].number();
+        if (isUsable(lng, lat)) outline.points.push_back(projection.project(lng, lat));
+    }
+    if (!outline.points.empty()) polygons.push_back({{std::move(outline)}});
+}
+
+/// How often a closed outline goes round a point (Sunday, "Inclusion of a Point in a Polygon").
+int windingNumber(const std::vector<Point>& outline, Point point) {
+    int winding = 0;
+    Point from = outline.back();
+    for (const Point to : outline) {
+        const double side =
+            (to.x - from.x) * (point.y - from.y) - (point.x - from.x) * (to.y - from.y);
+        if (from.y <= point.y && to.y > point.y && side > 0) ++winding;
+        if (from.y > point.y && to.y <= point.y && side < 0) --winding;
+        from = to;
+    }
+    return winding;
+}
+
+}  // namespace
+
+std::vector<Path> extractPolygons(AnyCodable element, const MapProjection& projection) {
+    std::vector<Path> polygons;
+    if (element.empty() || !element.front().isArray()) return polygons;
+    const AnyCodable first = element.front();
+    if (first.empty() || first.front().isArray()) {
+        for (const AnyCodable ring : element) appendRing(ring, projection, polygons);
+    } else {
+        appendRing(element, projection, polygons);
+    }
+    return polygons;
+}
+
+MapScene MapScene::make(const GeoMapData& map, platform::Size viewSize) {
+    MapScene scene{MapProjection(calculateBounds(map.features), viewSize), {}};
+    for (std::size_t feature = 0; feature < map.features.size(); ++feature) {
+        for (const AnyCodable element : map.features[feature].geometry.coordinates) {
+            for (Path& polygon : extractPolygons(element, scene.projection)) {
+                if (polygon.polylines.front().points.size() <= 2) continue;
+                scene.outlines.push_back({feature, std::move(polygon)});
+            }
+        }
+    }
+    return scene;
+}
+
+std::optional<std::size_t> MapScene::featureAt(Point point) const {
+    for (const Outline& outline : outlines | std::views::reverse) {
+        if (windingNumber(outline.path.polylines.front().points, point) != 0) {
+            return outline.feature;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace kalvo::geo

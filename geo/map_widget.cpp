@@ -1,0 +1,274 @@
+#include "geo/map_widget.h"
+
+#include <cmath>
+
+#include <QGestureEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPainter>
+#include <QPinchGesture>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include "platform/qt/qt_canvas.h"
+
+namespace kalvo::geo {
+
+namespace {
+
+constexpr double kZoomStep = 1.25;  // of one notch of the wheel and one press of a key
+constexpr double kNotch = 120;      // eighths of a degree
+constexpr double kArrowStep = 40;   // points
+
+platform::Point pointOf(const QPointF& point) { return {point.x(), point.y()}; }
+
+QString accessibleNameOf(MapType type) {
+    switch (type) {
+        case MapType::kRegion:
+            return QStringLiteral("Mappa delle regioni");
+        case MapType::kProvince:
+            return QStringLiteral("Mappa delle province");
+        case MapType::kWind:
+            return QStringLiteral("Mappa del vento");
+    }
+    return {};
+}
+
+}  // namespace
+
+MapWidget::MapWidget(QWidget* parent)
+    : QWidget(parent),
+      view_{.mapType = MapType::kRegion,
+            .geoData = {},
+            .selectedRegion = {},
+            .selectedProvince = {},
+            .provinceWindMap = {},
+            .targetLat = {},
+            .targetLon = {},
+            .onSelectLocation = {}} {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::OpenHandCursor);
+    grabGesture(Qt::PinchGesture);
+    describe();
+}
+
+void MapWidget::setView(const MapView& view) {
+    if (showTheSame(view, view_)) return;
+    if (view.geoData != view_.geoData) scene_.reset();
+    const MapGestures gestures = view.mapType == view_.mapType ? view_.gestures : MapGestures{};
+    view_ = view;
+    view_.gestures = gestures;
+    describe();
+    invalidatePicture();
+}
+
+QSize MapWidget::sizeHint() const { return {640, 400}; }
+
+platform::Size MapWidget::viewSize() const {
+    return {static_cast<double>(width()), static_cast<double>(height())};
+}
+
+const MapScene& MapWidget::scene() {
+    if (!scene_) scene_ = MapScene::make(view_.geoData.value_or(GeoMapData{}), viewSize());
+    return *scene_;
+}
+
+void MapWidget::renderPicture() {
+    const double pixels = devicePixelRatioF();
+    picture_ = QImage((QSizeF(size()) * pixels).toSize(), QImage::Format_RGB32);
+    picture_.setDevicePixelRatio(pixels);
+    QPainter painter(&picture_);
+    painter.setFont(font());
+    platform::QtCanvas canvas(painter, viewSize());
+    view_.draw(canvas, viewSize(), scene());
+}
+
+template <class Gesture>
+void MapWidget::apply(Gesture gesture) {
+    const MapGestures before = view_.gestures;
+    gesture(view_.gestures);
+    if (view_.gestures.scale != before.scale || view_.gestures.offset != before.offset) {
+        invalidatePicture();
+    }
+}
+
+void MapWidget::invalidatePicture() {
+    picture_ = {};
+    update();
+}
+
+void MapWidget::paintEvent(QPaintEvent*) {
+    if (picture_.isNull() || picture_.devicePixelRatio() != devicePixelRatioF()) renderPicture();
+    QPainter painter(this);
+    painter.drawImage(0, 0, picture_);
+    if (!hasFocusRing_) return;
+    platform::QtCanvas canvas(painter, viewSize());
+    canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
+                             {platform::Color::hex("#0b7a53"), 1.6});
+}
+
+void MapWidget::resizeEvent(QResizeEvent*) {
+    scene_.reset();
+    picture_ = {};
+}
+
+void MapWidget::showEvent(QShowEvent* event) {
+    // A map that comes back from another page is a new one; one that comes back from the task bar
+    // stays as it was.
+    if (!event->spontaneous()) showWholeMap();
+}
+
+void MapWidget::hideEvent(QHideEvent*) { picture_ = {}; }
+
+void MapWidget::describe() {
+    setAccessibleName(accessibleNameOf(view_.mapType));
+    setAccessibleDescription(
+        QString::fromStdString(view_.summary()) +
+        QStringLiteral(" Tasti + e - per lo zoom, frecce per spostare la mappa, Home per vederla "
+                       "tutta."));
+}
+
+void MapWidget::showWholeMap() {
+    view_.gestures = {};
+    invalidatePicture();
+}
+
+bool MapWidget::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::ToolTip:
+            showToolTip(*static_cast<QHelpEvent*>(event));
+            return true;
+        case QEvent::NativeGesture:
+            return pinch(*static_cast<QNativeGestureEvent*>(event)) || QWidget::event(event);
+        case QEvent::Gesture:
+            return pinch(*static_cast<QGestureEvent*>(event)) || QWidget::event(event);
+        default:
+            return QWidget::event(event);
+    }
+}
+
+void MapWidget::showToolTip(const QHelpEvent& event) {
+    const auto feature =
+        scene().featureAt(pictureAt(view_.gestures, pointOf(event.pos()), viewSize()));
+    if (!view_.geoData || !feature) {
+        QToolTip::hideText();
+        return;
+    }
+    const QString text = QString::fromStdString(view_.hoverText(view_.geoData->features[*feature]));
+    // Marked as rich text, so that names are never taken for markup.
+    const QString lines = text.toHtmlEscaped().replace('\n', QStringLiteral("<br>"));
+    QToolTip::showText(event.globalPos(), QStringLiteral("<qt>%1</qt>").arg(lines), this);
+}
+
+bool MapWidget::pinch(const QNativeGestureEvent& event) {
+    switch (event.gestureType()) {
+        case Qt::BeginNativeGesture:
+            nativeMagnification_ = 1;
+            return true;
+        case Qt::ZoomNativeGesture:
+            // The value of each event is what the magnification has grown by.
+            nativeMagnification_ += event.value();
+            apply([&](MapGestures& map) { pinchChanged(map, nativeMagnification_); });
+            return true;
+        case Qt::EndNativeGesture:
+            pinchEnded(view_.gestures);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool MapWidget::pinch(QGestureEvent& event) {
+    const auto* gesture = static_cast<QPinchGesture*>(event.gesture(Qt::PinchGesture));
+    if (!gesture) return false;
+    if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged) {
+        apply([&](MapGestures& map) { pinchChanged(map, gesture->totalScaleFactor()); });
+    }
+    if (gesture->state() == Qt::GestureFinished || gesture->state() == Qt::GestureCanceled) {
+        pinchEnded(view_.gestures);
+    }
+    return true;
+}
+
+void MapWidget::wheelEvent(QWheelEvent* event) {
+    const double factor = std::pow(kZoomStep, event->angleDelta().y() / kNotch);
+    apply([&](MapGestures& map) { zoomBy(map, factor, pointOf(event->position()), viewSize()); });
+}
+
+void MapWidget::mousePressEvent(QMouseEvent* event) {
+    setFocusRing(false);
+    if (event->button() != Qt::LeftButton) return;
+    pressedAt_ = event->position();
+    setCursor(Qt::ClosedHandCursor);
+}
+
+void MapWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (!(event->buttons() & Qt::LeftButton)) return;
+    const QPointF moved = event->position() - pressedAt_;
+    apply([&](MapGestures& map) { dragChanged(map, {moved.x(), moved.y()}); });
+}
+
+void MapWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    dragEnded(view_.gestures);
+    setCursor(Qt::OpenHandCursor);
+}
+
+void MapWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) showWholeMap();
+}
+
+void MapWidget::keyPressEvent(QKeyEvent* event) {
+    setFocusRing(true);
+    const auto zoom = [this](double factor) {
+        const platform::Point centre{viewSize().width / 2, viewSize().height / 2};
+        apply([&](MapGestures& map) { zoomBy(map, factor, centre, viewSize()); });
+    };
+    const auto move = [this](double dx, double dy) {
+        apply([&](MapGestures& map) { moveBy(map, {dx, dy}); });
+    };
+    switch (event->key()) {
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            zoom(kZoomStep);
+            break;
+        case Qt::Key_Minus:
+            zoom(1 / kZoomStep);
+            break;
+        case Qt::Key_Left:
+            move(kArrowStep, 0);
+            break;
+        case Qt::Key_Right:
+            move(-kArrowStep, 0);
+            break;
+        case Qt::Key_Up:
+            move(0, kArrowStep);
+            break;
+        case Qt::Key_Down:
+            move(0, -kArrowStep);
+            break;
+        case Qt::Key_Home:
+            showWholeMap();
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+void MapWidget::focusInEvent(QFocusEvent* event) {
+    setFocusRing(event->reason() == Qt::TabFocusReason ||
+                 event->reason() == Qt::BacktabFocusReason);
+}
+
+void MapWidget::focusOutEvent(QFocusEvent*) { setFocusRing(false); }
+
+void MapWidget::setFocusRing(bool shown) {
+    if (hasFocusRing_ == shown) return;
+    hasFocusRing_ = shown;
+    update();
+}
+
+}  // namespace kalvo::geo

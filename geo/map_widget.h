@@ -1,0 +1,71 @@
+#pragma once
+
+#include <optional>
+
+#include <QImage>
+#include <QWidget>
+
+#include "geo/map_scene.h"
+#include "geo/map_view.h"
+
+class QGestureEvent;
+class QHelpEvent;
+class QNativeGestureEvent;
+
+namespace kalvo::geo {
+
+/// Shows a `MapView`: zoomed with the wheel, by pinching and with + and -, moved by dragging and
+/// with the arrow keys, seen as a whole again with Home or a double click. A resting pointer is
+/// told what it is on. The finished picture is kept, so that a map that has not changed is only
+/// copied to the screen.
+class MapWidget final : public QWidget {
+ public:
+    explicit MapWidget(QWidget* parent = nullptr);
+
+    /// What to show, apart from zoom and pan: those stay as the user left them, except that
+    /// another type of map starts with the whole of it. Nothing happens when nothing changes.
+    void setView(const MapView& view);
+
+    [[nodiscard]] const MapView& view() const { return view_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+    [[nodiscard]] platform::Size viewSize() const;
+    [[nodiscard]] const MapScene& scene();
+    void renderPicture();
+    void invalidatePicture();
+    /// Lets `gesture` change zoom and pan, and draws the map anew if it did.
+    template <class Gesture>
+    void apply(Gesture gesture);
+    void describe();
+    void showWholeMap();
+    void showToolTip(const QHelpEvent& event);
+    bool pinch(const QNativeGestureEvent& event);
+    bool pinch(QGestureEvent& event);
+    void setFocusRing(bool shown);
+
+    MapView view_;
+    std::optional<MapScene> scene_;
+    QImage picture_;  // null while it has to be drawn anew
+    double nativeMagnification_ = 1;
+    QPointF pressedAt_;
+    bool hasFocusRing_ = false;
+};
+
+}  // namespace kalvo::geo

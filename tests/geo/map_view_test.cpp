@@ -1,0 +1,280 @@
+#include "geo/map_view.h"
+
+#include <gmock/gmock.h>
+
+#include "engine/calculation_engine.h"
+#include "platform/recording_canvas.h"
+#include "tests/geo/geojson_texts.h"
+
+namespace kalvo::geo {
+namespace {
+
+using platform::Color;
+using platform::Point;
+using platform::RecordingCanvas;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using tests::featureText;
+using tests::mapOf;
+
+MapView viewOf(MapType type, std::optional<GeoMapData> map) {
+    return {.mapType = type,
+            .geoData = std::move(map),
+            .selectedRegion = {},
+            .selectedProvince = {},
+            .provinceWindMap = {},
+            .targetLat = {},
+            .targetLon = {},
+            .onSelectLocation = {}};
+}
+
+RecordingCanvas drawn(const MapView& view, platform::Size size = {128, 128}) {
+    RecordingCanvas canvas;
+    view.draw(canvas, size);
+    return canvas;
+}
+
+GeoMapData outlines(const std::string& coordinates) {
+    return mapOf({featureText("{}", coordinates)});
+}
+
+// In a view of 128 x 128 the box from 10, 10 to 20, 20 takes 100 points: ten a degree.
+const std::string kSquare = "[[10,10],[20,10],[20,20],[10,20]]";
+
+TEST(MapBounds, HoldAllUsablePositions) {
+    struct Case {
+        const char* coordinates;
+        MapBounds bounds;
+    };
+    for (const auto& [coordinates, bounds] : std::vector<Case>{
+             {"[[[10,40],[12,44,900],[11,42]]]", {10, 12, 40, 44}},
+             {"[[[[10,40]]],[[[5,60]]]]", {5, 10, 40, 60}},
+             // At 1 degree or below in either direction a position does not count.
+             {"[[[1,40],[12,1],[-5,-5],[1.001,1.001],[2,3]]]", {1.001, 2, 1.001, 3}},
+             // Numbers that are no position, and arrays that begin with no two numbers.
+             {"[30,50,[20],[[7,8],9],[[3],[4,5]],[]]", {4, 7, 5, 8}},
+             {"[]", kDefaultMapBounds},
+             {"[[[-3,40],[-4,41],[-3,42]]]", kDefaultMapBounds},
+         }) {
+        EXPECT_EQ(calculateBounds(outlines(coordinates).features), bounds) << coordinates;
+    }
+    EXPECT_EQ(calculateBounds({}), (MapBounds{6.62, 18.51, 35.49, 47.09}));
+}
+
+TEST(MapProjection, FitsTheBoxWithAMarginAndCentresIt) {
+    // 472 / 11.6 points a degree; 11.89 of them leave (1000 - 483.8) / 2 on both sides.
+    const MapProjection wide(kDefaultMapBounds, {1000, 500});
+    EXPECT_NEAR(wide.scale(), 40.69, 0.005);
+    EXPECT_NEAR(wide.offsetX(), 258.1, 0.05);
+    EXPECT_NEAR(wide.offsetY(), 14, 1e-9);
+    const Point northWest = wide.project(6.62, 47.09);
+    EXPECT_NEAR(northWest.x, wide.offsetX(), 1e-9);
+    EXPECT_NEAR(northWest.y, 14, 1e-9);
+    EXPECT_NEAR(wide.project(18.51, 35.49).y, 486, 1e-9);
+
+    const MapProjection tall({10, 20, 10, 15}, {128, 328});
+    EXPECT_EQ(tall.project(10, 15), (Point{14, 139}));
+    EXPECT_EQ(tall.project(20, 10), (Point{114, 189}));
+}
+
+TEST(MapProjection, BoxesWithoutAnAreaAreFramedAllTheSame) {
+    struct Case {
+        MapBounds bounds;
+        double scale;
+    };
+    for (const auto& [bounds, scale] : {Case{{12, 12, 42, 42}, 1000},  // a tenth of a degree
+                                        Case{{12, 12, 40, 45}, 20}, Case{{10, 20, 42, 42}, 10}}) {
+        const MapProjection projection(bounds, {128, 128});
+        EXPECT_NEAR(projection.scale(), scale, 1e-6);
+        const Point middle = projection.project((bounds.minLng + bounds.maxLng) / 2,
+                                                (bounds.minLat + bounds.maxLat) / 2);
+        EXPECT_NEAR(middle.x, 64, 1e-6);
+        EXPECT_NEAR(middle.y, 64, 1e-6);
+    }
+    EXPECT_EQ(MapProjection(kDefaultMapBounds, {20, 500}).scale(), 0) << "no mirrored maps";
+}
+
+TEST(MapScene, PolygonsAreRingsAtEitherDepth) {
+    struct Case {
+        const char* element;
+        std::vector<std::size_t> points;  // of each polygon
+    };
+    const MapProjection projection({10, 20, 10, 20}, {128, 128});
+    for (const auto& [element, points] : std::vector<Case>{
+             {"[[10,10],[20,10],[20,20]]", {3}},
+             {"[[[10,10],[20,10],[20,20]],[[12,12],[13,12]]]", {3, 2}},
+             {"[[],[[10,10]]]", {1}},
+             {"[[[10,10]],[],7,[[0,0]]]", {1}},
+             {"[[10,10],[0.5,10],[10,1],[11],3,[[12,12]],[20,20,5]]", {2}},
+             {"[[1,1]]", {}},
+             {"7", {}},
+             {"[]", {}},
+             {"[10,[10,10]]", {}},
+             {"[[[[10,10],[20,10],[20,20]]]]", {}},
+         }) {
+        const GeoMapData map = outlines(fmt::format("[{}]", element));
+        std::vector<std::size_t> found;
+        for (const platform::Path& polygon :
+             extractPolygons(map.features[0].geometry.coordinates[0], projection)) {
+            ASSERT_EQ(polygon.polylines.size(), 1u) << element;
+            EXPECT_TRUE(polygon.polylines[0].closed) << element;
+            found.push_back(polygon.polylines[0].points.size());
+        }
+        EXPECT_EQ(found, points) << element;
+    }
+}
+
+TEST(MapScene, TellsTheTopmostFeatureAtAPoint) {
+    const std::string inner = "[[12,12],[18,12],[18,18],[12,18]]";
+    const GeoMapData map =
+        mapOf({featureText("{}", "[" + kSquare + "," + inner + "]"),
+               featureText("{}", "[[[16,16],[20,16],[20,20],[16,20],[16,16]]]")});
+    const MapScene scene = MapScene::make(map, {128, 128});
+    struct Case {
+        Point point;
+        std::optional<std::size_t> feature;
+    };
+    for (const auto& [point, feature] : {Case{{15, 113}, 0},   // near 10, 10
+                                         Case{{64, 64}, 0},    // the filled hole
+                                         Case{{84, 44}, 1},    // near 17, 17: both
+                                         Case{{13, 64}, {}},   // west of everything
+                                         Case{{64, 115}, {}},  // south
+                                         Case{{-1e9, 64}, {}}}) {
+        EXPECT_EQ(scene.featureAt(point), feature) << point.x << ", " << point.y;
+    }
+}
+
+TEST(MapView, WithoutDataShowsThatItIsWaiting) {
+    MapView view = viewOf(MapType::kRegion, {});
+    view.targetLat = 42;
+    view.targetLon = 12;
+    view.gestures.scale = 3;
+    EXPECT_THAT(
+        drawn(view).commands,
+        ElementsAre(platform::draw::FillRect{{0, 0, 128, 128}, Color::hex("#f4f9fc")},
+                    platform::draw::Text{
+                        "Caricamento mappa in corso...", {64, 64}, {13, false, platform::kGray}}));
+}
+
+TEST(MapView, DrawsEachRingFilledThenStrokedThenTheTarget) {
+    MapView view =
+        viewOf(MapType::kRegion, mapOf({featureText("{}", "[" + kSquare + "]"),
+                                        featureText("{}",
+                                                    "[[[15,15],[20,10]],[[[12,12],[14,12],"
+                                                    "[13,14],[12,12]]]]")}));
+    view.targetLat = 15;
+    view.targetLon = 12;
+    view.gestures.scale = 2;
+    view.gestures.offset = {5, -7};
+    const platform::Path square{{{{{14, 114}, {114, 114}, {114, 14}, {14, 14}}, true}}};
+    const platform::Path triangle{{{{{34, 94}, {54, 94}, {44, 74}, {34, 94}}, true}}};
+    const Color fill = Color::hex("#e2ebf0");
+    const platform::Stroke stroke{Color::hex("#b0c4de"), 1};
+    using namespace platform::draw;
+    EXPECT_THAT(
+        drawn(view).commands,
+        ElementsAre(FillRect{{0, 0, 128, 128}, Color::hex("#f4f9fc")}, Save{}, Translate{69, 57},
+                    Scale{2}, Translate{-64, -64}, FillPath{square, fill},
+                    StrokePath{square, stroke}, FillPath{triangle, fill},
+                    StrokePath{triangle, stroke}, FillCircle{{34, 64}, 7, platform::kRed},
+                    StrokeCircle{{34, 64}, 7, {platform::kWhite, 1.5}},
+                    FillCircle{{34, 64}, 3, platform::kWhite}, Restore{}));
+    view.targetLat = {};
+    EXPECT_THAT(drawn(view).all<FillCircle>(), IsEmpty()) << "half a target is none";
+}
+
+TEST(MapView, AMapOutsideItsQuarterOfTheWorldDrawsOnlyTheGround) {
+    const MapView view = viewOf(MapType::kProvince, outlines("[[[-70,-30],[-60,-30],[-65,-20]]]"));
+    EXPECT_THAT(drawn(view).all<platform::draw::FillPath>(), IsEmpty());
+}
+
+TEST(MapView, ColoursFollowTheModeAndTheSelection) {
+    const auto feature = [](const std::string& properties) {
+        return featureText(properties, "[" + kSquare + "]");
+    };
+    const GeoMapData map =
+        mapOf({feature(R"({"regione":"Lazio","provincia":"Roma","sigla":"rm"})"),
+               feature(R"({"provincia":"Agrigento","sigla":"Ag"})"), feature("{}")});
+    struct Style {
+        const char* fill;
+        const char* stroke;
+        double width;
+    };
+    const Style region{"#e2ebf0", "#b0c4de", 1};
+    const Style chosenRegion{"#3a9ad9", "#1f5f7a", 2};
+    const Style province{"#e8eff2", "#cbd6db", 1};
+    const Style chosenProvince{"#fca311", "#b25c00", 2};
+    struct Case {
+        MapType type;
+        std::optional<std::string> selectedRegion;
+        std::optional<std::string> selectedProvince;
+        std::array<Style, 3> styles;
+    };
+    using enum MapType;
+    for (const Case& c : std::vector<Case>{
+             {kRegion, {}, {}, {region, region, region}},
+             {kRegion, "LAZIO", {}, {chosenRegion, region, region}},
+             {kRegion, "agrigento", {}, {region, chosenRegion, region}},
+             {kRegion, "Roma", {}, {region, region, region}},
+             {kRegion, "Puglia", "RM", {region, region, region}},
+             {kRegion, {}, "RM", {chosenRegion, region, region}},
+             {kRegion, "", {}, {region, region, chosenRegion}},
+             {kProvince, "Lazio", {}, {province, province, province}},
+             {kProvince, {}, "Rm", {chosenProvince, province, province}},
+             {kProvince, "Lazio", "AG", {province, chosenProvince, province}},
+         }) {
+        MapView view = viewOf(c.type, map);
+        view.selectedRegion = c.selectedRegion;
+        view.selectedProvince = c.selectedProvince;
+        const RecordingCanvas canvas = drawn(view);
+        const auto fills = canvas.all<platform::draw::FillPath>();
+        const auto strokes = canvas.all<platform::draw::StrokePath>();
+        ASSERT_EQ(fills.size(), 3u);
+        ASSERT_EQ(strokes.size(), 3u);
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_EQ(fills[i].color, Color::hex(c.styles[i].fill)) << i;
+            EXPECT_EQ(strokes[i].stroke,
+                      (platform::Stroke{Color::hex(c.styles[i].stroke), c.styles[i].width}))
+                << i;
+        }
+    }
+
+    MapView wind = viewOf(kWind, map);
+    wind.selectedRegion = "Lazio";
+    wind.selectedProvince = "RM";
+    wind.provinceWindMap = {{"RM", 5900}, {"Ag", 5900}};
+    const RecordingCanvas canvas = drawn(wind);
+    const Color calm{180 / 255.0, 220 / 255.0, 1, 1};
+    const auto fills = canvas.all<platform::draw::FillPath>();
+    ASSERT_EQ(fills.size(), 3u);
+    EXPECT_EQ(fills[0].color, engine::CalculationEngine::getWindColor(5900));
+    EXPECT_EQ(fills[1].color, calm);
+    EXPECT_EQ(fills[2].color, calm);
+    for (const auto& [path, stroke] : canvas.all<platform::draw::StrokePath>()) {
+        EXPECT_EQ(stroke, (platform::Stroke{Color::hex("#9cb1bb"), 1}));
+    }
+}
+
+TEST(MapView, TellsWhatAFeatureIs) {
+    const GeoMapData map =
+        mapOf({featureText(R"({"regione":"Lazio","provincia":"Roma","sigla":"RM"})", "[]"),
+               featureText(R"({"provincia":"Altrove"})", "[]"), featureText("{}", "[]")});
+    struct Case {
+        MapType type;
+        std::size_t feature;
+        const char* text;
+    };
+    using enum MapType;
+    for (const auto& [type, feature, text] :
+         {Case{kRegion, 0, "Lazio"}, Case{kRegion, 1, "Altrove"}, Case{kProvince, 0, "Roma (RM)"},
+          Case{kProvince, 1, "Altrove"}, Case{kProvince, 2, ""},
+          Case{kWind, 0, "Roma (RM)\nResa eolica 1 kW: fino a 3.210 kWh/anno"},
+          Case{kWind, 1, "Altrove\nResa eolica non disponibile"}}) {
+        MapView view = viewOf(type, map);
+        view.provinceWindMap = {{"RM", 3210}};
+        EXPECT_EQ(view.hoverText(map.features[feature]), text);
+    }
+}
+
+}  // namespace
+}  // namespace kalvo::geo

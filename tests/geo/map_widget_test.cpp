@@ -1,0 +1,223 @@
+#include "geo/map_widget.h"
+
+#include <gtest/gtest.h>
+
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include "tests/geo/geojson_texts.h"
+
+namespace kalvo::geo {
+namespace {
+
+using platform::Size;
+using tests::featureText;
+
+// In a view of 128 x 128 the box from 10, 10 to 20, 20 takes the 100 points in the middle.
+GeoMapData square(const std::string& properties) {
+    return tests::mapOf({featureText(properties, "[[[10,10],[20,10],[20,20],[10,20]]]")});
+}
+
+MapView mapView(MapType type) {
+    return {.mapType = type,
+            .geoData = square(R"({"regione":"Lazio","provincia":"Rom<a>","sigla":"RM"})"),
+            .selectedRegion = {},
+            .selectedProvince = {},
+            .provinceWindMap = {},
+            .targetLat = {},
+            .targetLon = {},
+            .onSelectLocation = {}};
+}
+
+class MapWidgetTest : public testing::Test {
+ protected:
+    MapWidgetTest() {
+        map_.resize(128, 128);
+        map_.setView(mapView(MapType::kWind));
+        map_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&map_));
+    }
+
+    [[nodiscard]] double scale() const { return map_.view().gestures.scale; }
+    [[nodiscard]] Size offset() const { return map_.view().gestures.offset; }
+
+    void turnWheel(int eighthsOfDegrees, QPointF at = {64, 64}) {
+        QWheelEvent wheel(at, map_.mapToGlobal(at), {}, {0, eighthsOfDegrees}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&map_, &wheel);
+    }
+
+    void nativeGesture(Qt::NativeGestureType type, double value = 0) {
+        QNativeGestureEvent gesture(type, QPointingDevice::primaryPointingDevice(), 2, {64, 64},
+                                    {64, 64}, {64, 64}, value, {});
+        QApplication::sendEvent(&map_, &gesture);
+    }
+
+    [[nodiscard]] QColor pixel(QPoint at) { return map_.grab().toImage().pixelColor(at); }
+
+    MapWidget map_;
+};
+
+TEST_F(MapWidgetTest, ADragFromTenPointsOnMovesTheMap) {
+    EXPECT_EQ(map_.cursor().shape(), Qt::OpenHandCursor);
+    QTest::mousePress(&map_, Qt::LeftButton, {}, {64, 64});
+    EXPECT_EQ(map_.cursor().shape(), Qt::ClosedHandCursor);
+    QTest::mouseMove(&map_, {70, 64});
+    EXPECT_EQ(offset(), (Size{0, 0}));
+    QTest::mouseMove(&map_, {94, 44});
+    EXPECT_EQ(offset(), (Size{30, -20}));
+    QTest::mouseRelease(&map_, Qt::LeftButton, {}, {94, 44});
+    EXPECT_EQ(map_.cursor().shape(), Qt::OpenHandCursor);
+    QTest::mouseMove(&map_, {10, 10});
+    QTest::mousePress(&map_, Qt::RightButton, {}, {10, 10});
+    QTest::mouseMove(&map_, {40, 40});
+    QTest::mouseRelease(&map_, Qt::RightButton, {}, {40, 40});
+    EXPECT_EQ(offset(), (Size{30, -20}));
+    // The second drag goes on from where the first one ended.
+    QTest::mousePress(&map_, Qt::LeftButton, {}, {64, 64});
+    QTest::mouseMove(&map_, {64, 84});
+    QTest::mouseRelease(&map_, Qt::LeftButton, {}, {64, 84});
+    EXPECT_EQ(offset(), (Size{30, 0}));
+    QTest::mouseDClick(&map_, Qt::LeftButton, {}, {64, 64});
+    EXPECT_EQ(map_.view().gestures, MapGestures{});
+}
+
+TEST_F(MapWidgetTest, TheWheelZoomsRoundThePointer) {
+    turnWheel(120, {114, 64});
+    EXPECT_DOUBLE_EQ(scale(), 1.25);
+    EXPECT_EQ(offset(), (Size{-12.5, 0}));
+    turnWheel(-240, {114, 64});
+    EXPECT_DOUBLE_EQ(scale(), 0.8);
+    turnWheel(-1200);
+    EXPECT_DOUBLE_EQ(scale(), 0.8);
+    turnWheel(12000);
+    EXPECT_DOUBLE_EQ(scale(), 15);
+}
+
+TEST_F(MapWidgetTest, PinchesOnATouchpadAddUp) {
+    nativeGesture(Qt::BeginNativeGesture);
+    nativeGesture(Qt::ZoomNativeGesture, 0.5);
+    nativeGesture(Qt::ZoomNativeGesture, 0.5);
+    nativeGesture(Qt::EndNativeGesture);
+    EXPECT_DOUBLE_EQ(scale(), 2);
+    nativeGesture(Qt::BeginNativeGesture);
+    nativeGesture(Qt::ZoomNativeGesture, -0.5);
+    nativeGesture(Qt::EndNativeGesture);
+    EXPECT_DOUBLE_EQ(scale(), 1);
+    EXPECT_EQ(offset(), (Size{0, 0}));
+}
+
+TEST_F(MapWidgetTest, KeysZoomAndMove) {
+    QTest::keyClick(&map_, Qt::Key_Plus);
+    QTest::keyClick(&map_, Qt::Key_Equal);
+    EXPECT_DOUBLE_EQ(scale(), 1.5625);
+    QTest::keyClick(&map_, Qt::Key_Minus);
+    EXPECT_DOUBLE_EQ(scale(), 1.25);
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Up, Qt::Key_Up,
+                              Qt::Key_Up, Qt::Key_Down}) {
+        QTest::keyClick(&map_, key);
+    }
+    EXPECT_EQ(offset(), (Size{-40, 80}));
+    QTest::keyClick(&map_, Qt::Key_Home);
+    EXPECT_EQ(map_.view().gestures, MapGestures{});
+}
+
+TEST_F(MapWidgetTest, WhatChangesShowsAndWhatStaysIsNotDrawnAgain) {
+    const QColor calm(180, 220, 255);
+    const QColor ground(0xf4, 0xf9, 0xfc);
+    EXPECT_EQ(pixel({64, 64}), calm);
+    EXPECT_EQ(pixel({8, 64}), ground);
+
+    MapView windy = mapView(MapType::kWind);
+    windy.provinceWindMap = {{"RM", 5900}};
+    map_.setView(windy);
+    EXPECT_GT(pixel({64, 64}).red(), 200);
+    map_.setView(mapView(MapType::kWind));
+    EXPECT_EQ(pixel({64, 64}), calm);
+
+    QTest::keyClick(&map_, Qt::Key_Plus);
+    EXPECT_EQ(pixel({8, 64}), calm) << "the square now takes 125 of 128 points";
+    map_.resize(256, 128);
+    EXPECT_EQ(pixel({8, 64}), ground);
+    EXPECT_EQ(pixel({128, 64}), calm);
+
+    QTest::mouseClick(&map_, Qt::LeftButton, {}, {64, 64});  // takes the focus ring away
+    QApplication::processEvents();
+    struct PaintCounter : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::UpdateRequest || event->type() == QEvent::Paint;
+            return false;
+        }
+    } paints;
+    map_.installEventFilter(&paints);
+    map_.setView(mapView(MapType::kWind));
+    QTest::mousePress(&map_, Qt::LeftButton, {}, {64, 64});
+    QTest::mouseMove(&map_, {66, 64});
+    QTest::mouseRelease(&map_, Qt::LeftButton, {}, {66, 64});
+    QApplication::processEvents();
+    EXPECT_EQ(paints.count, 0);
+    map_.setView(windy);
+    QApplication::processEvents();
+    EXPECT_GT(paints.count, 0);
+}
+
+TEST_F(MapWidgetTest, ZoomOutlivesNewDataButNotAnotherMapOrAnotherPage) {
+    turnWheel(120);
+    MapView other = mapView(MapType::kWind);
+    other.geoData = square("{}");
+    other.targetLat = 12;
+    map_.setView(other);
+    EXPECT_DOUBLE_EQ(scale(), 1.25);
+    map_.setView(mapView(MapType::kProvince));
+    EXPECT_DOUBLE_EQ(scale(), 1);
+    turnWheel(120);
+    map_.hide();
+    map_.show();
+    EXPECT_DOUBLE_EQ(scale(), 1);
+}
+
+TEST_F(MapWidgetTest, AToolTipNamesWhatIsUnderThePointer) {
+    const auto toolTipAt = [this](QPoint at) {
+        QHelpEvent help(QEvent::ToolTip, at, map_.mapToGlobal(at));
+        QApplication::sendEvent(&map_, &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(toolTipAt({64, 64}), "<qt>Rom&lt;a&gt; (RM)<br>Resa eolica non disponibile</qt>");
+    turnWheel(-120);
+    EXPECT_EQ(toolTipAt({20, 64}), "");
+    MapView waiting = mapView(MapType::kWind);
+    waiting.geoData = {};
+    map_.setView(waiting);
+    EXPECT_EQ(toolTipAt({64, 64}), "");
+}
+
+TEST_F(MapWidgetTest, IsDescribedForThoseWhoCannotSeeIt) {
+    MapView view = mapView(MapType::kRegion);
+    view.targetLat = 41.9;
+    view.targetLon = -12.46;
+    map_.setView(view);
+    EXPECT_EQ(map_.accessibleName(), "Mappa delle regioni");
+    EXPECT_TRUE(map_.accessibleDescription().startsWith(
+        "Regioni: 1. Luogo segnato: 41,9° nord, 12,5° ovest."));
+    view.geoData = {};
+    map_.setView(view);
+    EXPECT_TRUE(map_.accessibleDescription().startsWith("Caricamento mappa in corso..."));
+}
+
+TEST_F(MapWidgetTest, TheKeyboardFocusShowsAndAClickHidesIt) {
+    const QColor ground(0xf4, 0xf9, 0xfc);
+    map_.clearFocus();
+    EXPECT_EQ(pixel({64, 2}), ground);
+    map_.setFocus(Qt::TabFocusReason);
+    EXPECT_NE(pixel({64, 2}), ground);
+    QTest::mouseClick(&map_, Qt::LeftButton, {}, {64, 64});
+    EXPECT_EQ(pixel({64, 2}), ground);
+}
+
+}  // namespace
+}  // namespace kalvo::geo
