@@ -39,30 +39,29 @@ ClassShares rayleighShares(double meanSpeed) {
     double aboveLowerEdge = 1;
     for (std::size_t k = 0; k < shares.size(); ++k) {
         const double ratio = kUpperEdges[k] / scale;
-        const double aboveUpperEdge = std::exp(-(ratio * ratio));
+        // The exponential of less is zero, but takes the library's slow road to find out.
+        const double aboveUpperEdge = ratio < 28 ? std::exp(-(ratio * ratio)) : 0;
         shares[k] = aboveLowerEdge - aboveUpperEdge;
         aboveLowerEdge = aboveUpperEdge;
     }
     return shares;
 }
 
-/// The nearest integer, halves up, of a number that is not negative.
-std::int64_t rounded(double value) {
-    const auto whole = static_cast<std::int64_t>(value);
-    return value - static_cast<double>(whole) >= 0.5 ? whole + 1 : whole;
+/// The nearest integer, halves up, of a number from 0 to a year's hours. Narrow and without a
+/// branch, so that several are rounded at once.
+std::int32_t rounded(double value) {
+    const auto whole = static_cast<std::int32_t>(value);
+    return whole + static_cast<std::int32_t>(value - whole >= 0.5);
 }
 
 /// A total split by shares into whole numbers; what rounding lost or won goes to the first of the
 /// largest, so that they add up to the total.
-std::array<std::int64_t, WindRange::kCount> apportioned(std::int64_t total,
+std::array<std::int32_t, WindRange::kCount> apportioned(std::int32_t total,
                                                         const ClassShares& shares) {
-    std::array<std::int64_t, WindRange::kCount> counts{};
-    std::int64_t sum = 0;
-    for (std::size_t k = 0; k < shares.size(); ++k) {
-        counts[k] = rounded(shares[k] * static_cast<double>(total));
-        sum += counts[k];
-    }
-    *std::max_element(counts.begin(), counts.end()) += total - sum;
+    std::array<std::int32_t, WindRange::kCount> counts{};
+    for (std::size_t k = 0; k < shares.size(); ++k) counts[k] = rounded(shares[k] * total);
+    *std::max_element(counts.begin(), counts.end()) +=
+        total - std::accumulate(counts.begin(), counts.end(), 0);
     return counts;
 }
 
@@ -185,7 +184,7 @@ WindRoseData CalculationEngine::calculateWindRoseData(const WindRoseArgs& args) 
     WindRoseData rose;
     rose.reserve(kSectors);
     for (std::size_t sector = 0; sector < kSectors; ++sector) {
-        const std::int64_t hours = rounded(weights[sector] / weightSum * kHoursOfYear);
+        const std::int32_t hours = rounded(weights[sector] / weightSum * kHoursOfYear);
         const auto counts =
             apportioned(hours, prevailing.include(sector) ? prevailingShares : otherShares);
         rose.try_emplace(rose.end(), static_cast<int>(sector))
