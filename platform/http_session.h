@@ -10,16 +10,18 @@
 
 namespace kalvo::platform {
 
-/// A GET request. The timeout counts idle time: how long the peer may send nothing.
+/// A GET request. The timeout counts idle time, how long the peer may send nothing; the whole
+/// download may take three times as long.
 struct HttpRequest {
     std::string url;
     std::vector<std::pair<std::string, std::string>> headers;  // name, value; in sending order
     std::chrono::milliseconds timeout;
 };
 
-/// Downloads over HTTP. The answer is the whole body, whatever the status code says; a failure
-/// is one of transport (no connection, timeout, a body too large, a redirect refused) with a
-/// message a person understands. Giving up the task gives up the download.
+/// Downloads over HTTP. The answer is the whole body, whatever the status code says. Up to five
+/// redirects are followed, and only to "https" addresses. A failure is one of transport (no
+/// connection, a timeout, a body that breaks off or goes beyond 8 MiB unpacked, a redirect that
+/// is refused) with a message a person understands. Giving up the task gives up the download.
 class HttpSession {
  public:
     virtual ~HttpSession() = default;

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <chrono>
+#include <coroutine>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <QDeadlineTimer>
+#include <QNetworkReply>
+#include <QObject>
+#include <QTimer>
+#include <QUrl>
+
+#include "platform/result.h"
+
+namespace kalvo::platform {
+
+/// One request under way and its answer; awaited once, it gives the body or what went wrong. The
+/// transfer's end gives the request up. The awaiting coroutine resumes from the event loop, never
+/// inside a signal of the reply, so that it may end the transfer and anything else.
+class HttpTransfer final : public QObject {
+ public:
+    /// The most bytes a body may have, unpacked.
+    static constexpr std::size_t kBodyLimit = std::size_t{8} << 20;
+
+    /// `idle` is how long nothing may arrive, `deadline` when all must have.
+    HttpTransfer(QNetworkReply* reply, std::chrono::milliseconds idle, QDeadlineTimer deadline);
+    ~HttpTransfer() override;
+
+    [[nodiscard]] bool await_ready() const noexcept { return false; }
+    void await_suspend(std::coroutine_handle<> awaiting) noexcept { awaiting_ = awaiting; }
+    [[nodiscard]] Result<std::string> await_resume() { return std::move(*outcome_); }
+
+    /// Once the transfer has been awaited: where the answer sends its reader on to, if it does.
+    [[nodiscard]] std::optional<QUrl> redirection() const;
+
+ private:
+    void takeBody();
+    void finish();
+    void fail(QNetworkReply::NetworkError code, const std::string& whatTheHostDid);
+    void end(Result<std::string> outcome);
+
+    QNetworkReply* reply_;
+    std::string body_;
+    QTimer idle_;
+    QTimer deadline_;
+    std::optional<Result<std::string>> outcome_;
+    std::coroutine_handle<> awaiting_;
+};
+
+}  // namespace kalvo::platform
