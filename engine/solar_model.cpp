@@ -1,5 +1,5 @@
 #include "engine/calculation_engine.h"
-#include "platform/text.h"
+#include "engine/region_text.h"
 
 namespace kalvo::engine {
 
@@ -38,14 +38,11 @@ const SolarData& south() {
 }  // namespace
 
 SolarData CalculationEngine::calculateOfflineSolarData(const PlaceArgs& place) {
-    const std::string region = platform::lowercased(place.region);
-    const auto regionContains = [&region](std::string_view part) {
-        return region.find(part) != std::string::npos;
-    };
-    if (regionContains("sicilia") || regionContains("sardegna")) return south();
+    const RegionText region(place.region);
+    if (region.contains("sicilia") || region.contains("sardegna")) return south();
     const double degreesSouth = place.lat ? 46 - *place.lat : 4.0;  // of the 46th parallel
     if (degreesSouth > 4.5) return south();
-    if (regionContains("lazio") || regionContains("campania")) return centre();
+    if (region.contains("lazio") || region.contains("campania")) return centre();
     return degreesSouth > 2.5 ? centre() : north();
 }
 

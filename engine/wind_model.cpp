@@ -2,12 +2,11 @@
 #include <cmath>
 #include <cstdint>
 #include <numeric>
-#include <utility>
 
 #include "engine/calculation_engine.h"
+#include "engine/region_text.h"
 #include "engine/wind_range.h"
 #include "engine/wind_scale.h"
-#include "platform/text.h"
 
 namespace kalvo::engine {
 
@@ -22,10 +21,6 @@ constexpr std::array<double, kMonths> kStandardFactors{1.12, 1.18, 1.15, 1.08, 0
                                                        0.80, 0.84, 0.90, 1.02, 1.05, 1.09};
 constexpr std::array<double, kMonths> kAlpineFactors{0.75, 0.85, 1.15, 1.25, 1.20, 1.15,
                                                      1.10, 1.05, 0.95, 0.90, 0.85, 0.75};
-
-bool contains(std::string_view text, std::string_view part) {
-    return text.find(part) != std::string_view::npos;
-}
 
 /// The share of each wind-speed class under a Rayleigh distribution round a mean speed (km/h):
 /// P(speed > v) = exp(-(v / c)^2), with c = 1.128 times the mean.
@@ -116,11 +111,11 @@ struct PrevailingSectors {
 };
 
 PrevailingSectors prevailingSectors(std::string_view region) {
-    const std::string name = platform::lowercased(region);
-    if (contains(name, "sardegna")) return {12, 14};
-    if (contains(name, "sicilia")) return {6, 14};
-    if (contains(name, "liguria")) return {10, 0};
-    if (contains(name, "friuli")) return {6, 2};
+    const RegionText name(region);
+    if (name.contains("sardegna")) return {12, 14};
+    if (name.contains("sicilia")) return {6, 14};
+    if (name.contains("liguria")) return {10, 0};
+    if (name.contains("friuli")) return {6, 2};
     return {6, 14};
 }
 
@@ -149,8 +144,8 @@ std::uint64_t roseSeed(std::string_view label) {
 }  // namespace
 
 const std::array<double, 12>& CalculationEngine::getMonthlyFactors(const PlaceArgs& place) {
-    const std::string region = platform::lowercased(place.region);
-    if (contains(region, "valle") || contains(region, "trentino")) return kAlpineFactors;
+    const RegionText region(place.region);
+    if (region.contains("valle") || region.contains("trentino")) return kAlpineFactors;
     const bool isAlpine = place.lat.value_or(0) > 45.8 && place.lon.value_or(0) < 12.0;
     return isAlpine ? kAlpineFactors : kStandardFactors;
 }
