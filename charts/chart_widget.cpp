@@ -14,6 +14,7 @@
 #include <QToolTip>
 
 #include "platform/qt/qt_canvas.h"
+#include "widgets/paint.h"
 
 namespace kalvo::charts {
 
@@ -22,6 +23,8 @@ namespace {
 /// Half of the border's line. It lies outside the chart, and it puts the lines of a chart that is
 /// a whole number of points tall in the middle of the display's rows.
 constexpr double kMargin = 0.5;
+
+constexpr double kFocusRadius = 6;
 
 /// Screen readers pass over a widget without a role of its own.
 QAccessibleInterface* graphicInterface(const QString& className, QObject* object) {
@@ -49,6 +52,8 @@ ChartWidget::ChartWidget(const QString& name, Chart chart, QWidget* parent)
     setAccessibleName(name);
     setAccessibleDescription(summaryOf(chart_));
     setMouseTracking(true);
+    // So that a screen reader comes by, and the picture can be copied from the keyboard.
+    setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -75,7 +80,12 @@ void ChartWidget::paint(QPainter& painter) const {
 
 void ChartWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    painter.save();
     paint(painter);
+    painter.restore();
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        widgets::paintFocusRing(painter, rect(), kFocusRadius);
+    }
 }
 
 QString ChartWidget::textAt(const QPointF& position) const {

@@ -1,5 +1,7 @@
 #include "charts/details_notebook_widget.h"
 
+#include <algorithm>
+
 #include <QVBoxLayout>
 
 #include "charts/solar_details_widget.h"
@@ -13,6 +15,8 @@ DetailsNotebookWidget::DetailsNotebookWidget(platform::Pasteboard& pasteboard, Q
       wind_(new WindDetailsWidget(pasteboard)),
       solar_(new SolarDetailsWidget) {
     setFrameShape(QFrame::NoFrame);
+    // The parts that have the focus hand on the keys that scroll.
+    setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     auto* pages = new QWidget;
     auto* layout = new QVBoxLayout(pages);
@@ -50,12 +54,15 @@ void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
     if (view_.horizontalSizeClass != sizeClass) {
         view_.horizontalSizeClass = sizeClass;
         arrange();
+        updateGeometry();
     }
     QScrollArea::resizeEvent(event);
 }
 
 QSize DetailsNotebookWidget::sizeHint() const {
-    return {wind_->sideBySideWidth(), wind_->sizeHint().height()};
+    constexpr int kTallest = 420;
+    const int height = std::max(wind_->sizeHint().height(), solar_->sizeHint().height());
+    return {wind_->sideBySideWidth(), std::min(height, kTallest)};
 }
 
 }  // namespace kalvo::charts

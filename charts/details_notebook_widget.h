@@ -22,7 +22,8 @@ class DetailsNotebookWidget final : public QScrollArea {
     /// Repaints only what differs from the view shown. The size class is the widget's own.
     void setView(DetailsNotebookView view);
 
-    /// Room for the side-by-side arrangement.
+    /// The height of the taller of the two analyses, so that nothing moves when the tab changes; no
+    /// more than leaves room for what stands above the panel.
     [[nodiscard]] QSize sizeHint() const override;
 
  protected:

@@ -168,6 +168,15 @@ TEST_F(DetailsNotebookTest, TableScrollsWhereItIsNarrow) {
     EXPECT_EQ(table().item(1, 2)->text(), "-9223372036854775808");
 }
 
+TEST_F(DetailsNotebookTest, TableLeavesTheWheelToThePanel) {
+    resizeTo(600);
+    const QPointF middle(100, 80);
+    QWheelEvent wheel(middle, table().viewport()->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(table().viewport(), &wheel);
+    EXPECT_FALSE(wheel.isAccepted());
+}
+
 TEST_F(DetailsNotebookTest, NoticeOfACopyEndsTwoSecondsAfterTheFirstPress) {
     EXPECT_EQ(copyButton().text(), "Copia Dati Tabella");
     EXPECT_FALSE(copyButton().icon().isNull());
