@@ -98,6 +98,8 @@ TEST_F(CatalogueLoading, FindsColumnsByTheirNames) {
                   {}},
              Case{"the later of two", "luogo;provincia;regione;latitude;kwh_1kw_annui;LATITUDE\n",
                   "Roma;RM;Lazio;7;1;2", 1, 2},
+             Case{"blanks round the line", "latitude;luogo;provincia;regione;kwh_1kw_annui\n",
+                  "\t2;Roma;RM;Lazio;1\u2003", 1, 2},
              Case{"a line too short",
                   "luogo;provincia;regione;x;kwh_1kw_annui;latitude\n",
                   "Roma;RM;Lazio",
