@@ -14,6 +14,10 @@ set(KALVO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize name
 add_compile_options(
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
   -Werror -Werror=missing-field-initializers)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # g++ leaves changes of sign out of -Wconversion.
+  add_compile_options(-Wno-sign-conversion)
+endif()
 if(KALVO_SANITIZE)
   add_compile_options(-fsanitize=${KALVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KALVO_SANITIZE})
