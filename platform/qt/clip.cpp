@@ -90,16 +90,13 @@ QPolygonF clippedFill(const Polyline& outline, const QRectF& area) {
     return polygon;
 }
 
-void appendClippedStroke(const Polyline& line, const QRectF& area, QPainterPath& path) {
+std::vector<VisibleRun> clippedStroke(const Polyline& line, const QRectF& area) {
     std::vector<QPointF> points = boundedPoints(line);
     const auto outside = std::find_if(points.begin(), points.end(),
                                       [&](const QPointF& point) { return !area.contains(point); });
     if (outside == points.end()) {
-        if (points.size() < 2) return;
-        path.moveTo(points.front());
-        for (std::size_t i = 1; i < points.size(); ++i) path.lineTo(points[i]);
-        if (line.closed) path.closeSubpath();
-        return;
+        if (points.size() < 2) return {};
+        return {{std::move(points), line.closed}};
     }
     if (line.closed) {
         // Begun out of sight, so that no corner in sight is torn into two ends.
@@ -107,6 +104,7 @@ void appendClippedStroke(const Polyline& line, const QRectF& area, QPainterPath&
         points.push_back(points.front());
     }
     const std::array<Side, 4> sides = sidesOf(area);
+    std::vector<VisibleRun> runs;
     bool joined = false;
     for (std::size_t i = 1; i < points.size(); ++i) {
         const auto visible = clippedSegment(points[i - 1], points[i], sides);
@@ -114,10 +112,11 @@ void appendClippedStroke(const Polyline& line, const QRectF& area, QPainterPath&
             joined = false;
             continue;
         }
-        if (!joined || visible->first != points[i - 1]) path.moveTo(visible->first);
-        path.lineTo(visible->second);
+        if (!joined || visible->first != points[i - 1]) runs.push_back({{visible->first}, false});
+        runs.back().points.push_back(visible->second);
         joined = visible->second == points[i];
     }
+    return runs;
 }
 
 }  // namespace kalvo::platform

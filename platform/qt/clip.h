@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QPainterPath>
+#include <vector>
+
+#include <QPointF>
 #include <QPolygonF>
 
 #include "platform/canvas.h"
@@ -13,9 +15,15 @@ namespace kalvo::platform {
 /// The part of a filled outline inside `area`: the same pixels there, for the non-zero rule.
 [[nodiscard]] QPolygonF clippedFill(const Polyline& outline, const QRectF& area);
 
-/// Appends the parts of a stroked line that touch `area`, each as a sub-path. A line wholly inside
-/// stays one sub-path, and every corner inside stays a corner.
-void appendClippedStroke(const Polyline& line, const QRectF& area, QPainterPath& path);
+/// A part of a stroked line, of at least two points.
+struct VisibleRun {
+    std::vector<QPointF> points;
+    bool closed;
+};
+
+/// The parts of a stroked line that touch `area`. A line wholly inside stays whole, and every
+/// corner inside stays a corner.
+[[nodiscard]] std::vector<VisibleRun> clippedStroke(const Polyline& line, const QRectF& area);
 
 /// A coordinate brought into a range in which differences do not overflow.
 [[nodiscard]] double boundedCoordinate(double value);

@@ -8,6 +8,7 @@
 #include <QPainterPath>
 
 #include "platform/qt/clip.h"
+#include "platform/qt/stroke_outline.h"
 
 namespace kalvo::platform {
 
@@ -95,11 +96,28 @@ void QtCanvas::fillPath(const Path& path, const Color& color) {
 }
 
 void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
-    QPainterPath lines;
+    // Lines of up to a pixel have a fast way of their own inside QPainter.
+    const bool isThin = stroke.width * painter_.deviceTransform().m11() <= 1;
+    const bool isOutlined = stroke.dash.empty() && !isThin;
+    QPainterPath shape;
+    shape.setFillRule(Qt::WindingFill);
     // A miter may reach ten half widths from its corner.
     const QRectF area = visibleArea(2 + 10 * stroke.width);
-    for (const Polyline& line : path.polylines) appendClippedStroke(line, area, lines);
-    painter_.strokePath(lines, qtPen(stroke));
+    for (const Polyline& line : path.polylines) {
+        for (const VisibleRun& run : clippedStroke(line, area)) {
+            if (isOutlined) {
+                appendStrokeOutline(run, stroke.width, shape);
+            } else {
+                shape.addPolygon(QPolygonF(QList(run.points.begin(), run.points.end())));
+                if (run.closed) shape.closeSubpath();
+            }
+        }
+    }
+    if (isOutlined) {
+        painter_.fillPath(shape, qtColor(stroke.color));
+    } else {
+        painter_.strokePath(shape, qtPen(stroke));
+    }
 }
 
 void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
