@@ -4,12 +4,12 @@
 
 #include <QFontMetricsF>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
 
 #include "geo/globe_gestures.h"
+#include "geo/place_text.h"
 #include "platform/qt/qt_canvas.h"
 
 namespace kalvo::geo {
@@ -22,12 +22,6 @@ GlobeView::Time now() { return std::chrono::steady_clock::now(); }
 
 platform::Point pointOf(const QMouseEvent& event) {
     return {event.position().x(), event.position().y()};
-}
-
-QString degreesText(double degrees, const char* positive, const char* negative) {
-    return QStringLiteral("%1° %2").arg(
-        QLocale(QLocale::Italian).toString(std::abs(degrees), 'f', 1),
-        QLatin1String(degrees < 0 ? negative : positive));
 }
 
 platform::Size textSize(const QWidget& widget,
@@ -85,9 +79,8 @@ void GlobeWidget::describe() {
         const QString name = view_.targetName
                                  ? QString::fromStdString(*view_.targetName) + QStringLiteral(", ")
                                  : "";
-        target = QStringLiteral("Luogo segnato: %1%2, %3.")
-                     .arg(name, degreesText(*view_.targetLat, "nord", "sud"),
-                          degreesText(*view_.targetLon, "est", "ovest"));
+        const std::string place = placeText(*view_.targetLat, *view_.targetLon);
+        target = QStringLiteral("Luogo segnato: %1%2.").arg(name, QString::fromStdString(place));
     }
     setAccessibleDescription(
         target + QStringLiteral(" Frecce per ruotare, Invio per selezionare il centro, Spazio per "
