@@ -18,6 +18,8 @@ namespace kalvo::geo {
 
 namespace {
 
+using platform::Size;
+
 constexpr double kZoomStep = 1.25;  // of one notch of the wheel and one press of a key
 constexpr double kNotch = 120;      // eighths of a degree
 constexpr double kArrowStep = 40;   // points
@@ -76,13 +78,47 @@ const MapScene& MapWidget::scene() {
     return *scene_;
 }
 
-void MapWidget::renderPicture() {
+std::optional<QPoint> MapWidget::pictureShift() const {
+    if (!pictured_ || pictured_->scale != view_.gestures.scale) return std::nullopt;
+    const Size from = pictured_->offset;
+    const Size to = view_.gestures.offset;
+    const QPointF shift =
+        QPointF(to.width - from.width, to.height - from.height) * devicePixelRatioF();
+    if (!(std::abs(shift.x()) < picture_.width() && std::abs(shift.y()) < picture_.height())) {
+        return std::nullopt;
+    }
+    const QPoint whole = shift.toPoint();
+    if (QPointF(whole) != shift) return std::nullopt;
+    return whole;
+}
+
+void MapWidget::updatePicture() {
     const double pixels = devicePixelRatioF();
-    picture_ = QImage((QSizeF(size()) * pixels).toSize(), QImage::Format_RGB32);
-    picture_.setDevicePixelRatio(pixels);
+    const QSize pictureSize = (QSizeF(size()) * pixels).toSize();
+    if (picture_.size() != pictureSize || picture_.devicePixelRatio() != pixels) {
+        picture_ = QPixmap(pictureSize);
+        picture_.setDevicePixelRatio(pixels);
+        pictured_.reset();
+    }
+    if (const auto shift = pictureShift()) {
+        QRegion uncovered;
+        picture_.scroll(shift->x(), shift->y(), QRect({0, 0}, pictureSize), &uncovered);
+        for (const QRect& part : uncovered) {
+            drawPicture({QPointF(part.topLeft()) / pixels, QSizeF(part.size()) / pixels});
+        }
+    } else {
+        drawPicture(rect());
+    }
+    pictured_ = view_.gestures;
+}
+
+void MapWidget::drawPicture(const QRectF& part) {
     QPainter painter(&picture_);
     painter.setFont(font());
-    platform::QtCanvas canvas(painter, viewSize());
+    painter.setClipRect(part);
+    painter.translate(part.topLeft());
+    platform::QtCanvas canvas(painter, {part.width(), part.height()});
+    canvas.translate(-part.x(), -part.y());
     view_.draw(canvas, viewSize(), scene());
 }
 
@@ -91,19 +127,19 @@ void MapWidget::apply(Gesture gesture) {
     const MapGestures before = view_.gestures;
     gesture(view_.gestures);
     if (view_.gestures.scale != before.scale || view_.gestures.offset != before.offset) {
-        invalidatePicture();
+        update();
     }
 }
 
 void MapWidget::invalidatePicture() {
-    picture_ = {};
+    pictured_.reset();
     update();
 }
 
 void MapWidget::paintEvent(QPaintEvent*) {
-    if (picture_.isNull() || picture_.devicePixelRatio() != devicePixelRatioF()) renderPicture();
+    updatePicture();
     QPainter painter(this);
-    painter.drawImage(0, 0, picture_);
+    painter.drawPixmap(0, 0, picture_);
     if (!hasFocusRing_) return;
     platform::QtCanvas canvas(painter, viewSize());
     canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
@@ -132,8 +168,7 @@ void MapWidget::describe() {
 }
 
 void MapWidget::showWholeMap() {
-    view_.gestures = {};
-    invalidatePicture();
+    apply([](MapGestures& map) { map = {}; });
 }
 
 bool MapWidget::event(QEvent* event) {

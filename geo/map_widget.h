@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include <QImage>
+#include <QPixmap>
 #include <QWidget>
 
 #include "geo/map_scene.h"
@@ -16,8 +16,8 @@ namespace kalvo::geo {
 
 /// Shows a `MapView`: zoomed with the wheel, by pinching and with + and -, moved by dragging and
 /// with the arrow keys, seen as a whole again with Home or a double click. A resting pointer is
-/// told what it is on. The finished picture is kept, so that a map that has not changed is only
-/// copied to the screen.
+/// told what it is on. The finished picture is kept: a map that has not changed is only copied to
+/// the screen, and one that moves is drawn only where it comes into sight.
 class MapWidget final : public QWidget {
  public:
     explicit MapWidget(QWidget* parent = nullptr);
@@ -48,9 +48,13 @@ class MapWidget final : public QWidget {
  private:
     [[nodiscard]] platform::Size viewSize() const;
     [[nodiscard]] const MapScene& scene();
-    void renderPicture();
+    /// How far the picture has to be moved, in device pixels, if that is all it needs.
+    [[nodiscard]] std::optional<QPoint> pictureShift() const;
+    /// Brings the kept picture up to date, drawing as little of it as possible.
+    void updatePicture();
+    void drawPicture(const QRectF& part);
     void invalidatePicture();
-    /// Lets `gesture` change zoom and pan, and draws the map anew if it did.
+    /// Lets `gesture` change zoom and pan, and shows the map anew if it did.
     template <class Gesture>
     void apply(Gesture gesture);
     void describe();
@@ -62,7 +66,8 @@ class MapWidget final : public QWidget {
 
     MapView view_;
     std::optional<MapScene> scene_;
-    QImage picture_;  // null while it has to be drawn anew
+    QPixmap picture_;
+    std::optional<MapGestures> pictured_;  // the zoom and pan that the picture shows, if it does
     double nativeMagnification_ = 1;
     QPointF pressedAt_;
     bool hasFocusRing_ = false;

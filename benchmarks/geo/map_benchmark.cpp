@@ -1,14 +1,19 @@
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QTest>
 
-#include "geo/map_view.h"
+#include "geo/map_widget.h"
 #include "platform/bundle.h"
 #include "platform/qt/qt_canvas.h"
 
 /// A frame of the wind map of the 107 provinces in a view of 900 x 600 points, at one and at two
-/// pixels a point: from the coordinates on, from the outlines laid out before, and copied.
+/// pixels a point: drawn from the coordinates on, from the outlines laid out before, and as the
+/// widget shows it while nothing changes, while it is dragged and while it is zoomed.
 namespace {
 
 using namespace kalvo;
@@ -51,15 +56,13 @@ void rebuilt(benchmark::State& state) {
     }
 }
 
-/// The second argument is the zoom in tenths; the map moves by some points from frame to frame.
-void moving(benchmark::State& state) {
+/// The second argument is the zoom in tenths.
+void laidOut(benchmark::State& state) {
     geo::MapView view = provinces();
     view.gestures.scale = static_cast<double>(state.range(1)) / 10;
     const geo::MapScene scene = geo::MapScene::make(*view.geoData, kView);
     QImage image = surface(state);
-    double step = 0;
     for ([[maybe_unused]] auto _ : state) {
-        view.gestures.offset.width = step = step > 200 ? -200 : step + 7.3;
         QPainter painter(&image);
         platform::QtCanvas canvas(painter, kView);
         view.draw(canvas, kView, scene);
@@ -74,18 +77,53 @@ void layout(benchmark::State& state) {
     }
 }
 
-void copied(benchmark::State& state) {
-    const QImage picture = surface(state);
+/// The widget on a screen of `state.range(0)` pixels a point; `change` comes before each frame.
+template <class Change>
+void shown(benchmark::State& state, Change change) {
+    geo::MapWidget widget;
+    widget.resize(900, 600);
+    widget.setView(provinces());
+    widget.show();
     QImage image = surface(state);
     for ([[maybe_unused]] auto _ : state) {
-        QPainter painter(&image);
-        painter.drawImage(0, 0, picture);
+        change(widget);
+        widget.render(&image, {}, {}, {});
     }
+}
+
+void unchanged(benchmark::State& state) {
+    shown(state, [](geo::MapWidget&) {});
+}
+
+void dragged(benchmark::State& state) {
+    int step = 0;
+    shown(state, [&](geo::MapWidget& widget) {
+        if (step == 0) QTest::mousePress(&widget, Qt::LeftButton, {}, {450, 300});
+        // There and back, 9 points from frame to frame.
+        step = (step + 1) % 80;
+        QTest::mouseMove(&widget, {450 + 9 * std::abs(40 - step), 300 + 3 * step});
+    });
+}
+
+void zoomed(benchmark::State& state) {
+    bool isNear = false;
+    shown(state, [&](geo::MapWidget& widget) {
+        isNear = !isNear;
+        QTest::keyClick(&widget, isNear ? Qt::Key_Plus : Qt::Key_Minus);
+    });
 }
 
 }  // namespace
 
 BENCHMARK(rebuilt)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
-BENCHMARK(moving)->ArgsProduct({{1, 2}, {8, 10, 20, 40, 80, 150}})->Unit(benchmark::kMillisecond);
 BENCHMARK(layout)->Unit(benchmark::kMillisecond);
-BENCHMARK(copied)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(laidOut)->ArgsProduct({{1, 2}, {8, 10, 20, 40, 80, 150}})->Unit(benchmark::kMillisecond);
+BENCHMARK(unchanged)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(dragged)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(zoomed)->Arg(1)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

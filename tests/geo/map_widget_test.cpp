@@ -166,6 +166,36 @@ TEST_F(MapWidgetTest, WhatChangesShowsAndWhatStaysIsNotDrawnAgain) {
     EXPECT_GT(paints.count, 0);
 }
 
+TEST_F(MapWidgetTest, AMapThatMovesLooksAsIfDrawnAnew) {
+    MapView view = mapView(MapType::kRegion);
+    view.geoData =
+        tests::mapOf({featureText(R"({"regione":"Lazio"})",
+                                  "[[[10,10],[20,11],[12,13],[19,20],[11,18],[10,10]]]"),
+                      featureText("{}", "[[[20,20],[14,10],[16,19.5],[15,12.3],[20,20]]]")});
+    view.selectedRegion = "Lazio";
+    view.targetLat = 15;
+    view.targetLon = 15;
+    map_.setView(view);
+    turnWheel(240, {40, 80});
+    map_.grab();
+    QTest::mousePress(&map_, Qt::LeftButton, {}, {64, 64});
+    for (const QPoint& to : {QPoint{77, 64}, {77, 90}, {53, 41}, {250, 41}, {60, 60}}) {
+        QTest::mouseMove(&map_, to);
+        const QImage moved = map_.grab().toImage();
+        map_.resize(129, 129);
+        map_.resize(128, 128);  // throws the kept picture away
+        const QImage anew = map_.grab().toImage();
+        int largest = 0;
+        for (int y = 0; y < 128; ++y) {
+            for (int x = 0; x < 128; ++x) {
+                largest =
+                    std::max(largest, std::abs(qGray(moved.pixel(x, y)) - qGray(anew.pixel(x, y))));
+            }
+        }
+        EXPECT_LE(largest, 2) << to.x() << ", " << to.y();
+    }
+}
+
 TEST_F(MapWidgetTest, ZoomOutlivesNewDataButNotAnotherMapOrAnotherPage) {
     turnWheel(120);
     MapView other = mapView(MapType::kWind);
