@@ -48,9 +48,10 @@ void MainScreen::showInformation() {
 }
 
 void MainScreen::showInfoSheet() {
-    if (!state_.showInfoSheet || infoSheet_) return;
+    if (!state_.showInfoSheet || infoSheet_ != nullptr) return;
     infoSheet_ = new InfoSheetView(this);
     connect(infoSheet_, &QDialog::finished, this, [this] {
+        infoSheet_ = nullptr;
         state_.showInfoSheet = false;
         redraw();
     });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointer>
 #include <QSplitter>
 
 #include "app/content_view.h"
@@ -39,7 +38,7 @@ class MainScreen final : public QSplitter {
     ScreenEvents events_;
     SidebarWidget* sidebar_;
     DetailColumn* details_;
-    QPointer<InfoSheetView> infoSheet_;
+    InfoSheetView* infoSheet_ = nullptr;  // while it is shown
     bool isStarted_ = false;
 };
 

@@ -71,6 +71,12 @@ SegmentedControl::SegmentedControl(const QString& title,
         auto* segment = new Segment(text);
         // Equal shares, whatever the texts need.
         segment->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        // The tabulator stops once, at the chosen segment; the arrow keys go on from there.
+        segment->setFocusPolicy(Qt::ClickFocus);
+        connect(segment, &QRadioButton::toggled, this, [this, segment](bool isChosen) {
+            segment->setFocusPolicy(isChosen ? Qt::StrongFocus : Qt::ClickFocus);
+            if (isChosen) setFocusProxy(segment);
+        });
         group_->addButton(segment, static_cast<int>(group_->buttons().size()));
         row->addWidget(segment, 1);
     }

@@ -15,6 +15,9 @@ namespace kalvo::widgets {
 namespace {
 
 constexpr int kButtonPadding = 12;
+constexpr int kSmallButtonHeight = 26;
+/// Line height of the text of a button of full height.
+constexpr int kFullSizeText = 16;
 constexpr int kIconSize = 16;
 constexpr int kIconGap = 6;
 constexpr int kFieldPadding = 10;
@@ -81,7 +84,7 @@ QSize buttonSize(const QStyleOptionButton& button, const QWidget* widget) {
     // A toggle keeps its size when it is switched on, which makes its text bolder.
     const QFontMetrics metrics(buttonFont(button, widget, true));
     const int padding = button.text.isEmpty() ? kButtonPadding - 4 : kButtonPadding;
-    const int height = std::min(kControlHeight, metrics.height() + 12);
+    const int height = metrics.height() < kFullSizeText ? kSmallButtonHeight : kControlHeight;
     return {labelWidth(button, metrics) + 2 * padding, height + kShadowHeight};
 }
 

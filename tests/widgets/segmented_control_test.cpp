@@ -42,8 +42,9 @@ TEST_F(SegmentedControlTest, TheStateMayChooseWithoutASignal) {
 
 TEST_F(SegmentedControlTest, TheKeyboardStopsAtTheChosenSegmentAndMovesWithArrows) {
     control.setIndex(1);
-    segment(0)->setFocus(Qt::OtherFocusReason);
-    segment(1)->setFocus(Qt::TabFocusReason);
+    control.setFocus(Qt::ShortcutFocusReason);
+    EXPECT_TRUE(segment(1)->hasFocus());
+    EXPECT_FALSE(segment(0)->focusPolicy() & Qt::TabFocus);
     QTest::keyClick(segment(1), Qt::Key_Right);
     EXPECT_EQ(control.index(), 2);
     EXPECT_TRUE(segment(2)->hasFocus());

@@ -65,6 +65,7 @@ void work(app::MainScreen& screen, const QCommandLineParser& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QCommandLineParser options;
     addOptions(options);

@@ -1,0 +1,116 @@
+#include <QAccessible>
+#include <QAction>
+#include <QLabel>
+#include <QMap>
+#include <QMenuBar>
+
+#include "tests/app/screen_fixture.h"
+
+namespace kalvo::app {
+namespace {
+
+bool isInteractive(const QAccessibleInterface& face) {
+    switch (face.role()) {
+        case QAccessible::Button:
+        case QAccessible::ButtonMenu:
+        case QAccessible::CheckBox:
+        case QAccessible::ComboBox:
+        case QAccessible::EditableText:
+        case QAccessible::MenuItem:
+        case QAccessible::RadioButton:
+        case QAccessible::SpinBox:
+            return true;
+        default:
+            return face.state().focusable;
+    }
+}
+
+/// Calls `visit` for an element and all below it that can be seen.
+template <class Visit>
+void walk(QAccessibleInterface* face, Visit visit) {
+    if (face == nullptr || face->state().invisible) return;
+    visit(*face);
+    for (int child = 0; child < face->childCount(); ++child) walk(face->child(child), visit);
+}
+
+class AccessibilityTest : public ScreenTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(AccessibilityTest, EveryInteractiveElementHasAName) {
+    state().selectedCountry = GetParam();
+    screen().redraw();
+    int interactive = 0;
+    walk(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
+        if (!isInteractive(face)) return;
+        ++interactive;
+        EXPECT_FALSE(nameOf(face).trimmed().isEmpty())
+            << "a " << qUtf8Printable(qAccessibleRoleString(face.role())) << " in "
+            << (face.object() ? face.object()->metaObject()->className() : "nothing");
+    });
+    EXPECT_GT(interactive, 15);
+}
+
+INSTANTIATE_TEST_SUITE_P(Countries,
+                         AccessibilityTest,
+                         testing::Values("Altre località online", "Italia"));
+
+TEST_F(ScreenTest, MnemonicsAreDifferent) {
+    QMap<QString, QString> owners;
+    const auto claim = [&](const QString& text) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (key.isEmpty()) return;
+        EXPECT_FALSE(owners.contains(key.toString()))
+            << text.toStdString() << " and " << owners[key.toString()].toStdString();
+        owners[key.toString()] = text;
+    };
+    for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
+        claim(button->text());
+    }
+    for (const QLabel* label : window->findChildren<QLabel*>()) {
+        if (label->buddy() != nullptr) claim(label->text());
+    }
+    for (const QAction* menu : window->menuBar()->actions()) claim(menu->text());
+    EXPECT_GE(owners.size(), 12);
+}
+
+TEST_F(ScreenTest, TheTabulatorReachesEveryControlFromTopToBottom) {
+    state().selectedCountry = "Italia";
+    screen().redraw();
+    QStringList visited;
+    named<QComboBox>("Nazione")->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 40; ++i) {
+        const QString name = nameOf(QApplication::focusWidget());
+        if (visited.contains(name)) break;
+        visited << name;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    const QStringList expected = {"Nazione",
+                                  "Offline (Stime)",
+                                  "Online (Meteoblue)",
+                                  "2 kW",
+                                  QString::fromUtf8("Quantità Turbine"),
+                                  QString::fromUtf8("Cerca Località"),
+                                  QString::fromUtf8("Località Selezionata"),
+                                  "Copia Risultato",
+                                  "Calcola",
+                                  "Informazioni",
+                                  "Mappa Regioni"};
+    EXPECT_EQ(visited.mid(0, expected.size()).join(u'\n').toStdString(),
+              expected.join(u'\n').toStdString());
+    EXPECT_TRUE(visited.contains("Analisi Impianto Eolico"));
+}
+
+TEST_F(ScreenTest, ResultsAreReadAsTheirText) {
+    state().selectedCountry = "Italia";
+    screen().redraw();
+    QStringList read;
+    walk(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
+        if (face.role() == QAccessible::StaticText) read << face.text(QAccessible::Name);
+    });
+    for (const std::string& result :
+         {state().resultText, state().detailsText, state().pvResultText}) {
+        EXPECT_TRUE(read.contains(QString::fromStdString(result))) << result;
+    }
+}
+
+}  // namespace
+}  // namespace kalvo::app

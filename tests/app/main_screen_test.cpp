@@ -1,0 +1,248 @@
+#include "app/main_screen.h"
+
+#include <gmock/gmock.h>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QRadioButton>
+
+#include "tests/app/screen_fixture.h"
+#include "widgets/image_view.h"
+
+namespace kalvo::app {
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kInvalidPlace = "Seleziona una località valida.";
+constexpr const char* kSearchUrl = "https://site.test/en/server/search/query3?query=Roma";
+
+QString text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+/// Whether a label with this text can be seen.
+bool shows(const QWidget& window, const QString& wanted) {
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        if (label->isVisible() && label->text() == wanted) return true;
+    }
+    return false;
+}
+
+TEST_F(ScreenTest, StartsOnTheGlobeWithNoPlaceAndNoFlag) {
+    EXPECT_EQ(named<QComboBox>("Nazione")->currentText(), text("Altre località online"));
+    EXPECT_TRUE(named<QPushButton>("Offline (Stime)")->isChecked());
+    EXPECT_TRUE(named<QRadioButton>("2 kW")->isChecked());
+    EXPECT_EQ(named<QLineEdit>(text("Quantità Turbine"))->text(), "1");
+    EXPECT_TRUE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
+    EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->count(), 0);
+    EXPECT_TRUE(named<QWidget>("Globo terrestre")->isVisible());
+    EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
+    EXPECT_TRUE(shows(*window, "Stima Solare FTV"));
+    EXPECT_EQ(state().allLocations.size(), 7906u);
+}
+
+TEST_F(ScreenTest, AnOfflineCountryBringsItsPlacesItsFlagAndItsResult) {
+    choose("Nazione", "Italia");
+    EXPECT_EQ(state().selectedCountry, "Italia");
+    auto* places = named<QComboBox>(text("Località Selezionata"));
+    EXPECT_EQ(places->count(), 7896);
+    EXPECT_THAT(places->currentText().toStdString(), StartsWith("Abano Terme (PD)"));
+    EXPECT_FALSE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
+    EXPECT_FALSE(named<QWidget>("Globo terrestre")->isVisible());
+    EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
+    EXPECT_TRUE(shows(*window, QString::fromStdString(state().detailsText)));
+    EXPECT_TRUE(shows(*window, QString::fromStdString(state().pvResultText)));
+
+    choose("Nazione", text("Altre località online"));
+    EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
+    EXPECT_THAT(places->currentText().toStdString(), StartsWith("Utilizza la barra di ricerca"));
+}
+
+TEST_F(ScreenTest, TheFlagStandsBesideThePickerOfACountryThatHasOne) {
+    const auto flags = [this] {
+        int visible = 0;
+        for (const auto* image : window->findChildren<widgets::ImageView*>()) {
+            visible += image->isVisible() && image->size() == QSize(24, 16);
+        }
+        return visible;
+    };
+    EXPECT_EQ(flags(), 0);
+    choose("Nazione", "San Marino");
+    EXPECT_EQ(flags(), 1);
+    choose("Nazione", text("Altre località online"));
+    EXPECT_EQ(flags(), 0);
+}
+
+TEST_F(ScreenTest, TypingNarrowsThePlacesAndCalculatesForTheFirst) {
+    choose("Nazione", "Italia");
+    QTest::keyClicks(named<QLineEdit>(text("Cerca Località")), " aosta");
+    EXPECT_EQ(state().searchText, " aosta");
+    auto* places = named<QComboBox>(text("Località Selezionata"));
+    EXPECT_LT(places->count(), 20);
+    EXPECT_THAT(places->currentText().toStdString(), HasSubstr("Aosta"));
+    EXPECT_EQ(places->currentText().toStdString(), state().selectedLocationLabel);
+    EXPECT_THAT(state().detailsText, StartsWith("Valle d'Aosta"));
+}
+
+TEST_F(ScreenTest, ThePlacePickerFollowsTheKeyboard) {
+    choose("Nazione", "Italia");
+    auto* places = named<QComboBox>(text("Località Selezionata"));
+    QTest::keyClicks(places, "tori");
+    EXPECT_THAT(places->currentText().toStdString(), StartsWith("Tori"));
+    EXPECT_EQ(state().selectedLocationLabel, places->currentText().toStdString());
+    const std::string before = state().selectedLocationLabel;
+    QTest::keyClick(places, Qt::Key_Down);
+    EXPECT_NE(state().selectedLocationLabel, before);
+    EXPECT_EQ(state().selectedLocationLabel, places->currentText().toStdString());
+}
+
+TEST_F(ScreenTest, EveryKeystrokeOfTheQuantityCalculates) {
+    choose("Nazione", "Italia");
+    auto* field = named<QLineEdit>(text("Quantità Turbine"));
+    const std::string one = state().resultText;
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_0);
+    EXPECT_TRUE(shows(*window, text("Inserisci una quantità valida.")));
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_EQ(state().resultText, one) << "an empty field counts as one turbine";
+    QTest::keyClicks(field, "12");
+    EXPECT_NE(state().resultText, one);
+    EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
+}
+
+TEST_F(ScreenTest, AToggleThatIsOnStaysOnAndCalculatesNothing) {
+    choose("Nazione", "Italia");
+    state().resultText = "untouched";
+    click("Offline (Stime)");
+    EXPECT_TRUE(named<QPushButton>("Offline (Stime)")->isChecked());
+    EXPECT_EQ(state().resultText, "untouched");
+
+    click("Online (Meteoblue)");
+    EXPECT_TRUE(state().isOnlineMode);
+    EXPECT_FALSE(named<QPushButton>("Offline (Stime)")->isChecked());
+    EXPECT_NE(state().resultText, "untouched");
+    EXPECT_THAT(state().detailsText, EndsWith("(Stime Centraline)"));
+}
+
+TEST_F(ScreenTest, TheTurbineSizeCalculates) {
+    choose("Nazione", "Italia");
+    click("3 kW");
+    EXPECT_EQ(state().selectedTurbineKW, 3);
+    EXPECT_THAT(state().detailsText, HasSubstr("singola turbina 3 kW"));
+}
+
+TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
+    session.hold(kSearchUrl);
+    auto* search = named<QLineEdit>(text("Cerca Località"));
+    QTest::keyClicks(search, "Roma");
+    EXPECT_TRUE(session.requests().empty()) << "typing must not search online";
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_TRUE(named<QProgressBar>("Scaricamento dati Meteoblue...")->isVisible());
+    EXPECT_FALSE(shows(*window, "Stima Solare FTV"));
+
+    const std::string page = "https://site.test/en/weather/forecast/modelclimate/roma_italia";
+    // The label of the new place is a change that calculates once more.
+    session.hold(page);
+    session.hold(page);
+    session.release(kSearchUrl,
+                    R"({"results":[{"name":"Roma","country":"Italy","lat":41.9,"lon":12.5,)"
+                    R"("url":"roma_italia","iso2":"IT"}]})");
+    EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->currentText(),
+              "Roma (Italy) [lat: 41.9, lon: 12.5]");
+    EXPECT_TRUE(named<QPushButton>("Online (Meteoblue)")->isChecked());
+    EXPECT_TRUE(named<QProgressBar>("Scaricamento dati Meteoblue...")->isVisible());
+
+    session.release(page, tests::ScriptedSession::failure("no network"));
+    session.release(page, tests::ScriptedSession::failure("no network"));
+    EXPECT_FALSE(named<QProgressBar>("Scaricamento dati Meteoblue...")->isVisible());
+    EXPECT_THAT(state().detailsText, StartsWith("IT - produzione singola turbina"));
+    EXPECT_TRUE(shows(*window, QString::fromStdString(state().detailsText)));
+}
+
+TEST_F(ScreenTest, ReturnSearchesOnlineForTheOnlineEntryOnly) {
+    choose("Nazione", "San Marino");
+    auto* search = named<QLineEdit>(text("Cerca Località"));
+    QTest::keyClicks(search, "Se");
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_TRUE(session.requests().empty());
+}
+
+TEST_F(ScreenTest, CopiesTheResultAsItIsShown) {
+    choose("Nazione", "Italia");
+    click("Copia Risultato");
+    EXPECT_EQ(pasteboard.contents, state().detailsText + "\n\n" + state().resultText);
+}
+
+TEST_F(ScreenTest, ATextFromTheWebIsNeverMarkup) {
+    state().resultText = "<b>bold</b><img src='/etc/passwd'>";
+    state().detailsText = "<i>";
+    screen().redraw();
+    for (const QLabel* label : window->findChildren<QLabel*>()) {
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+    }
+    EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
+}
+
+TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
+    choose("Nazione", "Italia");
+    state().selectedCountry = "San Marino";
+    state().quantityString = "4";
+    state().activeTab = 2;
+    screen().redraw();
+    EXPECT_EQ(state().selectedCountry, "San Marino");
+    EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->count(), 9);
+    EXPECT_EQ(state().quantityString, "4");
+    EXPECT_TRUE(named<QRadioButton>("Mappa Vento")->isChecked());
+
+    // What the state does not hold, a control does not invent.
+    state().selectedLocationLabel = "no such place";
+    screen().redraw();
+    EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->currentIndex(), -1);
+    EXPECT_EQ(state().selectedLocationLabel, "no such place");
+}
+
+TEST_F(ScreenTest, TheWheelDoesNotChangeAChoice) {
+    auto* country = named<QComboBox>("Nazione");
+    QWheelEvent wheel(QPointF(5, 5), country->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(country, &wheel);
+    EXPECT_EQ(state().selectedCountry, "Altre località online");
+}
+
+TEST_F(ScreenTest, TheInformationSheetIsModalAndClosesWithEscape) {
+    click("Informazioni");
+    EXPECT_TRUE(state().showInfoSheet);
+    auto* sheet = qobject_cast<InfoSheetView*>(QApplication::activeModalWidget());
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->size(), QSize(450, 350));
+    screen().redraw();
+    EXPECT_EQ(window->findChildren<InfoSheetView*>().size(), 1) << "one sheet, however often drawn";
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(state().showInfoSheet);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+
+    QTest::keyClick(window, Qt::Key_F1);
+    EXPECT_TRUE(state().showInfoSheet);
+    QTest::mouseClick(QApplication::activeModalWidget()->findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_FALSE(state().showInfoSheet);
+}
+
+TEST_F(ScreenTest, EverythingHasItsPlaceFromTheSmallestWindowUp) {
+    for (const QSize size : {QSize(1000, 700), QSize(1320, 900), QSize(2000, 1200)}) {
+        window->resize(size);
+        QApplication::processEvents();
+        EXPECT_EQ(window->size(), size);
+        auto* sidebar = window->findChild<SidebarWidget*>();
+        EXPECT_EQ(sidebar->width(), 348);
+        EXPECT_GE(named<QWidget>("Globo terrestre")->height(), 280);
+        for (const QPushButton* button : sidebar->findChildren<QPushButton*>()) {
+            EXPECT_LE(button->mapTo(sidebar, button->rect().topRight()).x(), 348 - 16);
+            EXPECT_GE(button->width(), button->sizeHint().width());
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kalvo::app
