@@ -1,5 +1,8 @@
 #include "app/detail_column.h"
 
+#include <algorithm>
+
+#include <QEvent>
 #include <QVBoxLayout>
 
 #include "widgets/divider.h"
@@ -7,6 +10,9 @@
 namespace kalvo::app {
 
 namespace {
+
+constexpr int kMapPadding = 12;      // points above and below the map picker
+constexpr int kAnalysisPadding = 8;  // points above and below the analysis picker
 
 /// A control with room around it.
 QLayout* padded(QWidget* control, const QMargins& padding) {
@@ -18,24 +24,26 @@ QLayout* padded(QWidget* control, const QMargins& padding) {
 
 }  // namespace
 
-DetailColumn::DetailColumn(ContentView& state, engine::LocationParser& parser, QWidget* parent)
+DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget* parent)
     : QWidget(parent),
       state_(state),
       map_(new widgets::SegmentedControl(
           QStringLiteral("Mappa"),
           {QStringLiteral("Mappa Regioni"), QStringLiteral("Mappa Province"),
            QStringLiteral("Mappa Vento")})),
-      area_(new MapArea(state, parser)),
+      area_(new MapArea(state, services.parser)),
       analysis_(new widgets::SegmentedControl(QStringLiteral("Analisi Dettagliata"),
                                               {QStringLiteral("Analisi Impianto Eolico"),
-                                               QStringLiteral("Analisi Impianto Solare FV")})) {
+                                               QStringLiteral("Analisi Impianto Solare FV")})),
+      details_(new charts::DetailsNotebookWidget(services.pasteboard)) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addLayout(padded(map_, {16, 12, 16, 12}));
+    column->addLayout(padded(map_, {16, kMapPadding, 16, kMapPadding}));
     column->addWidget(area_, 1);
     column->addWidget(new widgets::Divider);
-    column->addLayout(padded(analysis_, {12, 8, 12, 8}));
+    column->addLayout(padded(analysis_, {12, kAnalysisPadding, 12, kAnalysisPadding}));
+    column->addWidget(details_);
 
     connect(map_, &widgets::SegmentedControl::indexChosen, this, [this](int index) {
         state_.activeTab = index;
@@ -52,6 +60,29 @@ void DetailColumn::showState() {
     map_->setIndex(state_.activeTab);
     area_->showState();
     analysis_->setIndex(state_.activeDetailsTab);
+    details_->setView({.activeDetailsTab = state_.activeDetailsTab,
+                       .currentDistribution = state_.currentDistribution,
+                       .currentRoseData = state_.currentRoseData,
+                       .currentSolarData = state_.currentSolarData,
+                       .pvDetailsText = state_.pvDetailsText,
+                       .pvResultText = state_.pvResultText});
+}
+
+bool DetailColumn::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) shareHeight();
+    return QWidget::event(event);
+}
+
+void DetailColumn::resizeEvent(QResizeEvent* event) {
+    shareHeight();
+    QWidget::resizeEvent(event);
+}
+
+void DetailColumn::shareHeight() {
+    const int pickers = map_->sizeHint().height() + analysis_->sizeHint().height() +
+                        2 * (kMapPadding + kAnalysisPadding);
+    const int room = height() - pickers;
+    details_->setFixedHeight(std::max(0, std::min(details_->heightForWidth(width()), room / 2)));
 }
 
 }  // namespace kalvo::app

@@ -4,6 +4,7 @@
 
 #include "app/content_view.h"
 #include "app/map_area.h"
+#include "charts/details_notebook_widget.h"
 #include "widgets/segmented_control.h"
 
 namespace kalvo::app {
@@ -13,19 +14,27 @@ class DetailColumn final : public QWidget {
     Q_OBJECT
 
  public:
-    /// The state outlives the column.
-    DetailColumn(ContentView& state, engine::LocationParser& parser, QWidget* parent = nullptr);
+    /// The state and the services outlive the column.
+    DetailColumn(ContentView& state, const Services& services, QWidget* parent = nullptr);
 
     void showState();
 
  signals:
     void edited();
 
+ protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
  private:
+    /// Gives the details the height they need, but never more than the map keeps.
+    void shareHeight();
+
     ContentView& state_;
     widgets::SegmentedControl* map_;
     MapArea* area_;
     widgets::SegmentedControl* analysis_;
+    charts::DetailsNotebookWidget* details_;
 };
 
 }  // namespace kalvo::app

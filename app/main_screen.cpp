@@ -15,7 +15,7 @@ MainScreen::MainScreen(const Services& services, QWidget* parent)
       state_(services),
       events_(state_),
       sidebar_(new SidebarWidget(state_)),
-      details_(new DetailColumn(state_, services.parser)) {
+      details_(new DetailColumn(state_, services)) {
     setChildrenCollapsible(false);
     sidebar_->setMinimumWidth(kNarrowestSidebar);
     sidebar_->setMaximumWidth(kWidestSidebar);

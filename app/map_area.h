@@ -1,13 +1,17 @@
 #pragma once
 
+#include <array>
+
 #include <QStackedWidget>
 
 #include "app/content_view.h"
 #include "geo/globe_widget.h"
+#include "geo/map_widget.h"
 
 namespace kalvo::app {
 
-/// The globe while places are found online, else the chosen one of the three maps.
+/// The globe while places are found online, else the chosen one of the three maps. Each of them
+/// keeps its own view: its centre, or its zoom and pan.
 class MapArea final : public QStackedWidget {
     Q_OBJECT
 
@@ -24,9 +28,12 @@ class MapArea final : public QStackedWidget {
     void paintEvent(QPaintEvent* event) override;
 
  private:
+    void showGlobe();
+    void showMap();
+
     ContentView& state_;
     geo::GlobeWidget* globe_;
-    QWidget* empty_;
+    std::array<geo::MapWidget*, 3> maps_;  // regions, provinces, wind
 };
 
 }  // namespace kalvo::app

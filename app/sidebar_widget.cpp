@@ -47,6 +47,18 @@ QLineEdit* makeField(const QString& placeholder) {
     return field;
 }
 
+QLabel* makeNotice() {
+    QLabel* notice =
+        widgets::makeLabel(QStringLiteral("© Kalvo · Meteoblue · OpenStreetMap · ISTAT · GeoNames"),
+                           FontStyle::kCaption2, FontWeight::kRegular, TextRole::kTertiary);
+    notice->setToolTip(QStringLiteral(
+        "Stime indicative, non vincolanti.\nDati: meteoblue, © i contributori di OpenStreetMap, "
+        "ISTAT (CC BY 3.0 IT), © GeoNames (CC BY 4.0)."));
+    // With another font a longer line must not widen the column.
+    notice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    return notice;
+}
+
 void showText(QLineEdit& field, const std::string& value) {
     const QString shown = QString::fromStdString(value);
     if (field.text() != shown) field.setText(shown);
@@ -80,10 +92,7 @@ SidebarWidget::SidebarWidget(ContentView& state, QWidget* parent)
     column_->addWidget(new widgets::Divider);
     column_->addWidget(result_);
     column_->addStretch(1);
-    QLabel* notice =
-        widgets::makeLabel(QStringLiteral("© Kalvo — Stime indicative, non vincolanti"),
-                           FontStyle::kCaption2, FontWeight::kRegular, TextRole::kTertiary);
-    column_->addWidget(notice);
+    column_->addWidget(makeNotice());
     setWidget(page_);
     connectControls();
     showState();

@@ -46,6 +46,7 @@ void DetailsNotebookWidget::showView() {
 void DetailsNotebookWidget::arrange() {
     wind_->arrange(view_.arrangement());
     solar_->arrange(view_.arrangement());
+    updateGeometry();
 }
 
 void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
@@ -57,6 +58,10 @@ void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
         updateGeometry();
     }
     QScrollArea::resizeEvent(event);
+}
+
+int DetailsNotebookWidget::heightForWidth(int width) const {
+    return wind_->hasHeightForWidth() ? wind_->heightForWidth(width) : wind_->sizeHint().height();
 }
 
 QSize DetailsNotebookWidget::sizeHint() const {

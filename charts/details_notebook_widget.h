@@ -25,6 +25,8 @@ class DetailsNotebookWidget final : public QScrollArea {
     /// The height of the taller of the two analyses, so that nothing moves when the tab changes; no
     /// more than leaves room for what stands above the panel.
     [[nodiscard]] QSize sizeHint() const override;
+    /// The height at which the wind view, the taller one, needs no scrolling.
+    [[nodiscard]] int heightForWidth(int width) const override;
 
  protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -38,16 +38,16 @@ class Segment final : public QRadioButton {
         QStyleOptionButton option;
         initStyleOption(&option);
         if (isChecked()) {
-            const QRectF thumb = rect().adjusted(1, 0, -1, -1);
+            const QRectF thumb = rect().adjusted(0, 0, 0, -1);
             paintShadow(painter, thumb, kThumbRadius);
             paintBox(painter, thumb, kThumbRadius, theme.thumb, theme.thumbBorder);
         } else if (underMouse() || isDown()) {
             QColor veil = theme.text;
             veil.setAlphaF(isDown() ? 0.10F : 0.05F);
-            paintBox(painter, rect().adjusted(1, 0, -1, 0), kThumbRadius, veil);
+            paintBox(painter, QRectF(rect()), kThumbRadius, veil);
         }
         if (showsFocus(option)) {
-            paintFocusRing(painter, rect().adjusted(1, 0, -1, 0), kThumbRadius);
+            paintFocusRing(painter, QRectF(rect()), kThumbRadius);
         }
         painter.setFont(
             widgets::font(FontStyle::kBody, isChecked() ? FontWeight::kBold : FontWeight::kMedium));
