@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 namespace kalvo::charts {
 
 SevenCounts sevenCounts(const engine::ClassCounts& counts) {
@@ -13,6 +15,20 @@ SevenCounts sevenCounts(const engine::ClassCounts& counts) {
 SevenCounts countsOfMonth(const engine::WindDistribution& distribution, std::string_view month) {
     const auto found = distribution.find(month);
     return found == distribution.end() ? SevenCounts{} : sevenCounts(found->second);
+}
+
+std::string describeCounts(std::string_view what,
+                           const SevenCounts& counts,
+                           std::optional<std::size_t> windClass,
+                           std::string (*inUnit)(double)) {
+    const auto line = [&](std::size_t index) {
+        return fmt::format("{}: {}", engine::WindRange::labels[index],
+                           inUnit(static_cast<double>(counts[index])));
+    };
+    if (windClass) return fmt::format("{} · {}", what, line(*windClass));
+    std::string text = fmt::format("{}: {}", what, inUnit(totalOf(counts)));
+    for (std::size_t i = 0; i < counts.size(); ++i) (text += '\n') += line(i);
+    return text;
 }
 
 }  // namespace kalvo::charts

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "engine/climate_data.h"
@@ -18,6 +21,13 @@ using SevenCounts = std::array<std::int64_t, engine::WindRange::kCount>;
 /// The counts of a month; seven zeros for one that is missing.
 [[nodiscard]] SevenCounts countsOfMonth(const engine::WindDistribution& distribution,
                                         std::string_view month);
+
+/// In words: a class of counts, as in "Gennaio · 10-20 km/h: 9 giorni", or without a class the
+/// total and every class on a line of its own.
+[[nodiscard]] std::string describeCounts(std::string_view what,
+                                         const SevenCounts& counts,
+                                         std::optional<std::size_t> windClass,
+                                         std::string (*inUnit)(double));
 
 /// The sum of counts as a double: exact up to 2^53, and without overflow beyond.
 template <class Counts>

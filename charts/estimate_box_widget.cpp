@@ -4,6 +4,8 @@
 
 #include "charts/text_block_widget.h"
 #include "platform/color.h"
+#include "widgets/divider.h"
+#include "widgets/paint.h"
 #include "widgets/theme.h"
 
 namespace kalvo::charts {
@@ -29,17 +31,10 @@ EstimateBoxWidget::EstimateBoxWidget(QWidget* parent)
     : QWidget(parent),
       title_(new TextBlockWidget),
       details_(new TextBlockWidget),
-      rule_(new QFrame),
+      rule_(new widgets::Divider),
       result_(new TextBlockWidget),
       layout_(new QVBoxLayout(this)) {
     title_->setText(QStringLiteral("Stima Fotovoltaica (FTV)"));
-    rule_->setFixedHeight(1);
-    rule_->setAutoFillBackground(true);
-    QPalette ruleColours = rule_->palette();
-    QColor ruleColour = Theme::current().color(TextRole::kPrimary);
-    ruleColour.setAlphaF(0.12F);
-    ruleColours.setColor(QPalette::Window, ruleColour);
-    rule_->setPalette(ruleColours);
     setTextColor(*result_, TextRole::kOrange);
     layout_->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     for (QWidget* item : std::initializer_list<QWidget*>{title_, details_, rule_, result_}) {
@@ -70,13 +65,11 @@ void EstimateBoxWidget::paintEvent(QPaintEvent* /*event*/) {
     const bool stacked = arrangement_ == Arrangement::kStacked;
     const platform::Color& yellow = platform::kYellow;
     const double radius = stacked ? 12 : 8;
+    const QColor fill =
+        QColor::fromRgbF(static_cast<float>(yellow.red), static_cast<float>(yellow.green),
+                         static_cast<float>(yellow.blue), stacked ? 0.12F : 0.1F);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgbF(static_cast<float>(yellow.red),
-                                      static_cast<float>(yellow.green),
-                                      static_cast<float>(yellow.blue), stacked ? 0.12F : 0.1F));
-    painter.drawRoundedRect(rect(), radius, radius);
+    widgets::paintBox(painter, rect(), radius, fill);
 }
 
 }  // namespace kalvo::charts

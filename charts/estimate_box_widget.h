@@ -1,9 +1,13 @@
 #pragma once
 
-#include <QFrame>
 #include <QVBoxLayout>
+#include <QWidget>
 
 #include "charts/details_notebook_view.h"
+
+namespace kalvo::widgets {
+class Divider;
+}
 
 namespace kalvo::charts {
 
@@ -26,7 +30,7 @@ class EstimateBoxWidget final : public QWidget {
     Arrangement arrangement_ = Arrangement::kSideBySide;
     TextBlockWidget* title_;
     TextBlockWidget* details_;
-    QFrame* rule_;
+    widgets::Divider* rule_;
     TextBlockWidget* result_;
     QVBoxLayout* layout_;
 };

@@ -84,18 +84,9 @@ std::optional<WindChartView::Hit> WindChartView::hitTest(platform::Point point,
 }
 
 std::string WindChartView::describe(const Hit& hit) const {
-    const SevenCounts counts = countsOfMonth(distribution, CalculationEngine::months[hit.month]);
-    const std::string_view month = monthName(hit.month);
-    if (hit.windClass) {
-        return fmt::format("{} · {}: {}", month, WindRange::labels[*hit.windClass],
-                           inDays(static_cast<double>(counts[*hit.windClass])));
-    }
-    std::string text = fmt::format("{}: {}", month, inDays(totalOf(counts)));
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        text +=
-            fmt::format("\n{}: {}", WindRange::labels[i], inDays(static_cast<double>(counts[i])));
-    }
-    return text;
+    return describeCounts(monthName(hit.month),
+                          countsOfMonth(distribution, CalculationEngine::months[hit.month]),
+                          hit.windClass, inDays);
 }
 
 std::string WindChartView::summary() const {

@@ -148,18 +148,8 @@ std::optional<WindRoseChartView::Hit> WindRoseChartView::hitTest(platform::Point
 }
 
 std::string WindRoseChartView::describe(const Hit& hit) const {
-    const SevenCounts counts = countsOfSector(roseData, hit.sector);
-    const std::string_view direction = directionName(hit.sector);
-    if (hit.windClass) {
-        return fmt::format("{} · {}: {}", direction, WindRange::labels[*hit.windClass],
-                           inHours(static_cast<double>(counts[*hit.windClass])));
-    }
-    std::string text = fmt::format("{}: {}", direction, inHours(totalOf(counts)));
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        text +=
-            fmt::format("\n{}: {}", WindRange::labels[i], inHours(static_cast<double>(counts[i])));
-    }
-    return text;
+    return describeCounts(directionName(hit.sector), countsOfSector(roseData, hit.sector),
+                          hit.windClass, inHours);
 }
 
 std::string WindRoseChartView::summary() const {

@@ -33,10 +33,7 @@ class Paper final : public QWidget {
  protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(widgets::Theme::current().tablePaper);
-        painter.drawRoundedRect(rect(), 6, 6);
+        widgets::paintBox(painter, rect(), 6, widgets::Theme::current().tablePaper);
     }
 };
 

@@ -87,5 +87,17 @@ TEST_F(ChartWidgetTest, CopiesItselfAsAPicture) {
     EXPECT_EQ(image.pixelColor(80, 320), QColor(Qt::white));
 }
 
+TEST_F(ChartWidgetTest, ShowsItsBorderWholeOnRowsOfItsOwn) {
+    for (const int scale : {1, 2}) {
+        const QImage image = widget.picture(scale);
+        for (int row = 0; row < scale; ++row) {
+            const QColor border = image.pixelColor(300 * scale, row);
+            EXPECT_GT(border.alpha(), 0) << scale;
+            EXPECT_LT(border.green(), 250) << scale;
+        }
+        EXPECT_EQ(image.pixelColor(300 * scale, scale), QColor(Qt::white)) << scale;
+    }
+}
+
 }  // namespace
 }  // namespace kalvo::charts
