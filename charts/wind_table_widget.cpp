@@ -4,7 +4,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QTimer>
+#include <QTimerEvent>
 #include <QVBoxLayout>
 
 #include "charts/wind_grid_widget.h"
@@ -73,10 +73,13 @@ void WindTableWidget::copy() {
     view_.copyToClipboard(pasteboard_);
     showNotice();
     // Every press has a timer of its own: the first one to fire ends the notice.
-    QTimer::singleShot(std::chrono::seconds(2), Qt::PreciseTimer, this, [this] {
-        view_.copiedNotice = false;
-        showNotice();
-    });
+    startTimer(std::chrono::seconds(2), Qt::PreciseTimer);
+}
+
+void WindTableWidget::timerEvent(QTimerEvent* event) {
+    killTimer(event->timerId());
+    view_.copiedNotice = false;
+    showNotice();
 }
 
 void WindTableWidget::showNotice() { button_->setText(QString::fromUtf8(view_.copyButtonText())); }

@@ -20,6 +20,9 @@ class WindTableWidget final : public QWidget {
     /// Leaves a copy notice that is being shown as it is.
     void setDistribution(engine::WindDistribution distribution);
 
+ protected:
+    void timerEvent(QTimerEvent* event) override;
+
  private:
     void copy();
     void showNotice();
