@@ -193,15 +193,17 @@ void MapWidget::showToolTip(const QHelpEvent& event) {
         return;
     }
     const QString text = QString::fromStdString(view_.hoverText(view_.geoData->features[*feature]));
-    // Marked as rich text, so that names are never taken for markup.
-    const QString lines = text.toHtmlEscaped().replace('\n', QStringLiteral("<br>"));
-    QToolTip::showText(event.globalPos(), QStringLiteral("<qt>%1</qt>").arg(lines), this);
+    // Marked as rich text, so that a name is never taken for markup.
+    QToolTip::showText(
+        event.globalPos(),
+        QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()), this);
 }
 
 bool MapWidget::pinch(const QNativeGestureEvent& event) {
     switch (event.gestureType()) {
         case Qt::BeginNativeGesture:
             nativeMagnification_ = 1;
+            pinchEnded(view_.gestures);
             return true;
         case Qt::ZoomNativeGesture:
             // The value of each event is what the magnification has grown by.
@@ -236,6 +238,8 @@ void MapWidget::wheelEvent(QWheelEvent* event) {
 void MapWidget::mousePressEvent(QMouseEvent* event) {
     setFocusRing(false);
     if (event->button() != Qt::LeftButton) return;
+    // The release of an earlier press may have gone to a window that opened over this one.
+    dragEnded(view_.gestures);
     pressedAt_ = event->position();
     setCursor(Qt::ClosedHandCursor);
 }

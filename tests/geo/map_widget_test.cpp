@@ -82,6 +82,13 @@ TEST_F(MapWidgetTest, ADragFromTenPointsOnMovesTheMap) {
     QTest::mouseMove(&map_, {64, 84});
     QTest::mouseRelease(&map_, Qt::LeftButton, {}, {64, 84});
     EXPECT_EQ(offset(), (Size{30, 0}));
+    // A press whose release went elsewhere does not make the next drag jump.
+    QTest::mousePress(&map_, Qt::LeftButton, {}, {64, 64});
+    QTest::mouseMove(&map_, {94, 64});
+    QTest::mousePress(&map_, Qt::LeftButton, {}, {10, 10});
+    QTest::mouseMove(&map_, {12, 10});
+    EXPECT_EQ(offset(), (Size{60, 0}));
+    QTest::mouseRelease(&map_, Qt::LeftButton, {}, {12, 10});
     QTest::mouseDClick(&map_, Qt::LeftButton, {}, {64, 64});
     EXPECT_EQ(map_.view().gestures, MapGestures{});
 }
@@ -217,7 +224,8 @@ TEST_F(MapWidgetTest, AToolTipNamesWhatIsUnderThePointer) {
         QApplication::sendEvent(&map_, &help);
         return QToolTip::isVisible() ? QToolTip::text() : QString();
     };
-    EXPECT_EQ(toolTipAt({64, 64}), "<qt>Rom&lt;a&gt; (RM)<br>Resa eolica non disponibile</qt>");
+    EXPECT_EQ(toolTipAt({64, 64}),
+              "<p style='white-space:pre'>Rom&lt;a&gt; (RM)\nResa eolica non disponibile</p>");
     turnWheel(-120);
     EXPECT_EQ(toolTipAt({20, 64}), "");
     MapView waiting = mapView(MapType::kWind);
