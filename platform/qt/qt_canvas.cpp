@@ -70,8 +70,11 @@ QFont canvasFont(const QFont& base, const TextStyle& style) {
     return font;
 }
 
-QtCanvas::QtCanvas(QPainter& painter, Size size)
-    : painter_(painter), size_(size), base_(painter.worldTransform()) {
+QtCanvas::QtCanvas(QPainter& painter, Size size, ThinLines* thinLines)
+    : painter_(painter),
+      size_(size),
+      base_(painter.worldTransform()),
+      thinLines_(thinLines != nullptr ? *thinLines : ownThinLines_) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
 }
@@ -121,17 +124,15 @@ void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
 }
 
 void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
-    QList<QLineF> segments;
-    segments.reserve(static_cast<qsizetype>(lines.points.size()));
-    for (std::size_t line = 0; line < lines.starts.size(); ++line) {
-        const std::size_t end =
-            line + 1 < lines.starts.size() ? lines.starts[line + 1] : lines.points.size();
-        for (std::size_t i = lines.starts[line] + 1; i < end; ++i) {
-            segments.emplace_back(qtPoint(lines.points[i - 1]), qtPoint(lines.points[i]));
-        }
+    if (thinLines_.stroke(painter_, lines, qtColor(color), width, visibleArea(0))) return;
+    for (std::size_t i = 0; i < lines.starts.size(); ++i) {
+        const auto begin = lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i]);
+        const auto end =
+            i + 1 < lines.starts.size()
+                ? lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i + 1])
+                : lines.points.end();
+        strokePath({{{.points = {begin, end}, .closed = false}}}, {color, width});
     }
-    painter_.setPen(qtPen({color, width}));
-    painter_.drawLines(segments);
 }
 
 void QtCanvas::fillRect(const Rect& rect, const Color& color) {

@@ -1,0 +1,242 @@
+#include "platform/qt/thin_lines.h"
+
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <random>
+
+#include <gtest/gtest.h>
+#include <QImage>
+#include <QPainterPath>
+
+#include "platform/qt/qt_canvas.h"
+
+namespace kalvo::platform {
+namespace {
+
+using Vertices = std::vector<CoverageMask::Vertex>;
+
+/// The cover of each pixel of a picture of 40 by 40 pixels, in pixels.
+struct Covers {
+    CoverageMask mask;
+
+    Covers(const Vertices& line, float width) {
+        mask.reset(40, 40);
+        mask.add(line, width);
+    }
+    [[nodiscard]] double at(int x, int y) const {
+        return double(mask.row(y)[static_cast<std::size_t>(x)]) / CoverageMask::kFull;
+    }
+    [[nodiscard]] double sum() const {
+        double total = 0;
+        for (int y = 0; y < mask.height(); ++y) {
+            total += std::accumulate(mask.row(y).begin(), mask.row(y).end(), 0.0);
+        }
+        return total / CoverageMask::kFull;
+    }
+};
+
+TEST(CoverageMaskTest, LevelAndUprightLinesCoverWhatTheyCover) {
+    struct Case {
+        double middle;
+        float width;
+        std::array<double, 3> covers;  // of the rows or columns 9, 10 and 11
+    };
+    for (const Case& c :
+         {Case{10.5, 1, {0, 1, 0}}, Case{10, 1, {0.5, 0.5, 0}}, Case{10.75, 1, {0, 0.75, 0.25}},
+          Case{10.5, 1.5F, {0.25, 1, 0.25}}, Case{10.5, 0.5F, {0, 0.5, 0}}}) {
+        const auto middle = static_cast<float>(c.middle);
+        const Covers level({{4, middle}, {30, middle}}, c.width);
+        const Covers upright({{middle, 30}, {middle, 4}}, c.width);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_NEAR(level.at(20, 9 + i), c.covers[static_cast<std::size_t>(i)], 0.01);
+            EXPECT_NEAR(upright.at(9 + i, 20), c.covers[static_cast<std::size_t>(i)], 0.01);
+        }
+        // Butt ends, on the edge of a pixel.
+        EXPECT_EQ(level.at(3, 10), 0);
+        EXPECT_NEAR(level.at(4, 10), c.covers[1], 0.01);
+        EXPECT_NEAR(level.at(29, 10), c.covers[1], 0.01);
+        EXPECT_EQ(level.at(30, 10), 0);
+        EXPECT_NEAR(level.sum(), 26 * double(c.width), 0.2);
+    }
+}
+
+TEST(CoverageMaskTest, ABentLineCoversItsLengthTimesItsWidth) {
+    const unsigned seed = std::random_device{}();
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<float> turn(-0.3F, 0.3F);
+    std::uniform_real_distribution<float> step(1.5F, 4);
+    double sumOfRatios = 0;
+    constexpr int kLines = 400;
+    for (int i = 0; i < kLines; ++i) {
+        Vertices line{{20, 20}};
+        float direction = 10 * turn(random);
+        double length = 0;
+        for (int leg = 0; leg < 4; ++leg) {
+            const float s = step(random);
+            line.push_back(
+                {line.back().x + s * std::cos(direction), line.back().y + s * std::sin(direction)});
+            direction += turn(random);
+            length += double(s);
+        }
+        const double ratio = Covers(line, 1.2F).sum() / (length * 1.2);
+        EXPECT_NEAR(ratio, 1, 0.1);
+        sumOfRatios += ratio;
+    }
+    // Each depends a little on how it lies on the pixels; a seam or a knot would be in all.
+    EXPECT_NEAR(sumOfRatios / kLines, 1, 0.01);
+}
+
+TEST(CoverageMaskTest, APointOnTheWayLeavesNoTrace) {
+    const Covers whole({{3.3F, 5.1F}, {33.3F, 20.1F}}, 1.2F);
+    Vertices points;
+    for (int i = 0; i <= 60; ++i) {
+        points.push_back(
+            {3.3F + 0.5F * static_cast<float>(i), 5.1F + 0.25F * static_cast<float>(i)});
+    }
+    const Covers parts(points, 1.2F);
+    for (int y = 0; y < 40; ++y) {
+        for (int x = 0; x < 40; ++x) EXPECT_NEAR(parts.at(x, y), whole.at(x, y), 0.04);
+    }
+}
+
+TEST(CoverageMaskTest, ACornerIsMitredAndAHairpinIsNot) {
+    // The outer corner of a right angle is filled; a spike would reach far beyond a hairpin.
+    const Covers corner({{10, 20}, {20, 20}, {20, 30}}, 4);
+    EXPECT_NEAR(corner.at(21, 18), 1, 0.01);
+    EXPECT_EQ(corner.at(23, 16), 0);
+    const Covers hairpin({{10, 20}, {20, 20}, {10, 20.5F}}, 2);
+    EXPECT_EQ(hairpin.at(22, 20), 0);
+    // Back on the very way it came, where no direction halves the angle.
+    EXPECT_NEAR(Covers({{10, 20.5F}, {20, 20.5F}, {12, 20.5F}}, 1).at(19, 20), 2, 0.01);
+}
+
+constexpr QSize kSize(120, 90);
+
+QImage paper(double scale) {
+    QImage image(kSize * scale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    return image;
+}
+
+/// The lines as the painter itself strokes them.
+QImage painted(const LineBatch& lines, double width, double scale, const QTransform& transform) {
+    QImage image = paper(scale);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(transform);
+    QPen pen(Qt::black, width, Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
+    pen.setMiterLimit(2);
+    for (std::size_t i = 0; i < lines.starts.size(); ++i) {
+        const std::size_t end =
+            i + 1 < lines.starts.size() ? lines.starts[i + 1] : lines.points.size();
+        QPainterPath path;
+        for (std::size_t j = lines.starts[i]; j < end; ++j) {
+            const QPointF point(lines.points[j].x, lines.points[j].y);
+            if (j == lines.starts[i]) path.moveTo(point);
+            path.lineTo(point);
+        }
+        painter.strokePath(path, pen);
+    }
+    return image;
+}
+
+/// The lines as the canvas strokes them.
+QImage drawn(const LineBatch& lines, double width, double scale, const QTransform& transform) {
+    QImage image = paper(scale);
+    QPainter painter(&image);
+    painter.setTransform(transform);
+    QtCanvas canvas(painter, {120, 90});
+    canvas.strokeLines(lines, kBlack, width);
+    return image;
+}
+
+struct Difference {
+    int largest;
+    double mean;
+};
+Difference difference(const QImage& one, const QImage& other) {
+    Difference result{0, 0};
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const int gray = std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y)));
+            result.largest = std::max(result.largest, gray);
+            result.mean += gray;
+        }
+    }
+    result.mean /= one.width() * one.height();
+    return result;
+}
+
+/// Rays in all directions, and a wavy line.
+LineBatch raysAndWave() {
+    LineBatch lines;
+    for (int degrees = 0; degrees < 360; degrees += 15) {
+        const double angle = degrees * 3.141592653589793 / 180;
+        lines.starts.push_back(lines.points.size());
+        lines.points.push_back({45 + 12 * std::cos(angle), 42 + 12 * std::sin(angle)});
+        lines.points.push_back({45 + 38 * std::cos(angle), 42 + 38 * std::sin(angle)});
+    }
+    lines.starts.push_back(lines.points.size());
+    for (double y = 5; y < 85; y += 1.5) lines.points.push_back({100 + 9 * std::sin(y / 9), y});
+    return lines;
+}
+
+TEST(ThinLinesTest, LookAsThePainterStrokesThem) {
+    const LineBatch lines = raysAndWave();
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        // Thinner ones the painter draws by a short cut of its own, less exactly.
+        for (const double width : {1.2, 1.5}) {
+            const QTransform moved = QTransform::fromTranslate(3.3, -2.6).scale(0.9, 0.9);
+            for (const QTransform& transform : {QTransform(), moved}) {
+                const Difference found = difference(drawn(lines, width, scale, transform),
+                                                    painted(lines, width, scale, transform));
+                EXPECT_LT(found.largest, 50) << "scale " << scale << " width " << width;
+                EXPECT_LT(found.mean, 0.8) << "scale " << scale << " width " << width;
+            }
+        }
+    }
+}
+
+TEST(ThinLinesTest, WhatTheMaskCannotDoThePainterDoes) {
+    LineBatch lines = raysAndWave();
+    const QTransform turned = QTransform().rotate(20).scale(0.5, 0.5);
+    EXPECT_LT(difference(drawn(lines, 1.2, 1, turned), painted(lines, 1.2, 1, turned)).mean, 0.5);
+    EXPECT_LT(difference(drawn(lines, 9, 1, {}), painted(lines, 9, 1, {})).mean, 0.5);
+    // Far out of sight, and not a number: the rest stays as it is.
+    lines.starts.push_back(lines.points.size());
+    lines.points.insert(lines.points.end(), {{60, 45}, {1e300, 45}});
+    LineBatch finite = lines;
+    finite.points.back() = {200, 45};
+    EXPECT_LT(difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
+    lines.points.back() = {std::numeric_limits<double>::quiet_NaN(), 0};
+    finite.points.pop_back();
+    finite.points.pop_back();
+    finite.starts.pop_back();
+    EXPECT_LT(difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
+}
+
+TEST(ThinLinesTest, LinesWithoutAPointOrALengthDrawNothing) {
+    for (const LineBatch& lines :
+         {LineBatch{}, LineBatch{{}, {0}}, LineBatch{{{50, 50}}, {0}},
+          LineBatch{{{50, 50}, {50, 50}, {50, 50}}, {0}}, LineBatch{{{0, 0}, {120, 90}}, {0, 1}}}) {
+        EXPECT_EQ(drawn(lines, 1.2, 1, {}), paper(1));
+    }
+}
+
+TEST(ThinLinesTest, TakeTheColorTheOpacityAndTheClip) {
+    QImage image = paper(1);
+    QPainter painter(&image);
+    QtCanvas canvas(painter, {120, 90});
+    canvas.clipRoundedRect({0, 0, 50, 90}, 0);
+    canvas.strokeLines({{{10, 20.5}, {90, 20.5}}, {0}}, {1, 0, 0, 0.5}, 1);
+    painter.end();
+    EXPECT_NEAR(qRed(image.pixel(30, 20)), 255, 1);
+    EXPECT_NEAR(qGreen(image.pixel(30, 20)), 127, 2);
+    EXPECT_EQ(image.pixel(70, 20), qRgb(255, 255, 255));
+}
+
+}  // namespace
+}  // namespace kalvo::platform
