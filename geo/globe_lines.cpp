@@ -57,7 +57,23 @@ void GlobeLines::project(const GlobeProjection& projection, platform::LineBatch&
     for (const Line& line : lines_) {
         const double cosDistance = dot(projection.towards(), line.middle);
         if (cosDistance < line.hiddenBelow) continue;
-        projectPart(line, projection, visible);
+        if (cosDistance >= line.seenFrom) {
+            projectWhole(line, projection, visible);
+        } else {
+            projectPart(line, projection, visible);
+        }
+    }
+}
+
+void GlobeLines::projectWhole(const Line& line,
+                              const GlobeProjection& projection,
+                              platform::LineBatch& visible) const {
+    const std::size_t start = visible.points.size();
+    visible.starts.push_back(start);
+    visible.points.resize(start + line.end - line.begin);
+    platform::Point* points = visible.points.data() + start;
+    for (std::size_t i = line.begin; i < line.end; ++i) {
+        *points++ = projection.project({x_[i], y_[i], z_[i]}).point;
     }
 }
 

@@ -18,7 +18,7 @@ class GlobeLines {
     /// Adds a line through places in order; an empty one draws nothing.
     void add(std::span<const engine::LatLon> line);
 
-    [[nodiscard]] bool empty() const { return lines_.empty(); }
+    [[nodiscard]] std::size_t pointCount() const { return x_.size(); }
 
     /// Replaces the batch by the visible runs of every line. A point is visible a little beyond
     /// the near hemisphere, so that lines reach the rim.
@@ -35,6 +35,9 @@ class GlobeLines {
         double seenFrom;
     };
 
+    void projectWhole(const Line& line,
+                      const GlobeProjection& projection,
+                      platform::LineBatch& visible) const;
     void projectPart(const Line& line,
                      const GlobeProjection& projection,
                      platform::LineBatch& visible) const;

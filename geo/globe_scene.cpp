@@ -1,5 +1,6 @@
 #include "geo/globe_scene.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace kalvo::geo {
@@ -102,13 +103,17 @@ GlobeLines meridians() {
 
 GlobeScene GlobeScene::make(std::span<const CountryRing> countries) {
     const bool hasCountries = !countries.empty();
-    GlobeLines outlines;
-    for (const CountryRing& ring : hasCountries ? countries : continents()) outlines.add(ring);
-    return {.parallels = kalvo::geo::parallels(),
-            .meridians = kalvo::geo::meridians(),
-            .outlines = std::move(outlines),
-            .outlineWidth = hasCountries ? 1.2 : 1.5,
-            .projected = {}};
+    GlobeScene scene{.parallels = kalvo::geo::parallels(),
+                     .meridians = kalvo::geo::meridians(),
+                     .outlines = {},
+                     .outlineWidth = hasCountries ? 1.2 : 1.5,
+                     .projected = {}};
+    for (const CountryRing& ring : hasCountries ? countries : continents()) {
+        scene.outlines.add(ring);
+    }
+    scene.projected.points.reserve(std::max(
+        {scene.parallels.pointCount(), scene.meridians.pointCount(), scene.outlines.pointCount()}));
+    return scene;
 }
 
 }  // namespace kalvo::geo

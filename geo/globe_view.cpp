@@ -52,11 +52,14 @@ void GlobeView::drawTurning(Canvas& canvas, Size size, GlobeScene& scene) const 
     drawTarget(*this, canvas, projection);
 }
 
-void drawGlobeHint(Canvas& canvas, Size textSize) {
+platform::Rect globeHintBox(Size textSize) {
     constexpr double kEdge = 8;
     constexpr double kPadding = 6;
-    const platform::Rect box{kEdge, kEdge, textSize.width + 2 * kPadding,
-                             textSize.height + 2 * kPadding};
+    return {kEdge, kEdge, textSize.width + 2 * kPadding, textSize.height + 2 * kPadding};
+}
+
+void drawGlobeHint(Canvas& canvas, Size textSize) {
+    const platform::Rect box = globeHintBox(textSize);
     canvas.fillRoundedRect(box, 6, platform::kBlack.withOpacity(0.4));
     canvas.drawText(kGlobeHint, {box.x + box.width / 2, box.y + box.height / 2}, globeHintStyle());
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "geo/globe_scene.h"
 #include "platform/canvas.h"
@@ -49,8 +50,11 @@ inline constexpr std::string_view kGlobeHint = "Trascina per ruotare • Tappa p
 [[nodiscard]] platform::TextStyle globeHintStyle();
 [[nodiscard]] platform::TextStyle globeLabelStyle();
 
-/// Draws the hint over the globe, in its box at the top left; `textSize` is what the hint
-/// measures on this canvas, in points.
+/// The hint's box at the top left of the view; `textSize` is what the hint measures on the canvas
+/// that it is drawn on, in points.
+[[nodiscard]] platform::Rect globeHintBox(platform::Size textSize);
+
+/// Draws the hint in its box, over the globe.
 void drawGlobeHint(platform::Canvas& canvas, platform::Size textSize);
 
 }  // namespace kalvo::geo

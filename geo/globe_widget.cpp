@@ -1,14 +1,16 @@
 #include "geo/globe_widget.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTimerEvent>
 
 #include "geo/globe_gestures.h"
+#include "geo/globe_projection.h"
 #include "geo/place_text.h"
 #include "platform/qt/qt_canvas.h"
 
@@ -51,6 +53,7 @@ GlobeWidget::GlobeWidget(CountryRings countryRings, QWidget* parent)
     setCursor(Qt::OpenHandCursor);
     setAccessibleName(QStringLiteral("Globo terrestre"));
     describe();
+    measureTexts();
 }
 
 void GlobeWidget::setCenter(double lat, double lon) {
@@ -68,6 +71,7 @@ void GlobeWidget::setTarget(std::optional<double> lat,
     view_.targetLon = lon;
     view_.targetName = name;
     describe();
+    measureTexts();
     update();
 }
 
@@ -100,16 +104,71 @@ GlobeScene& GlobeWidget::scene() {
     return *scene_;
 }
 
-void GlobeWidget::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    platform::QtCanvas canvas(painter, viewSize());
+void GlobeWidget::measureTexts() {
+    hintSize_ = textSize(*this, kGlobeHint, globeHintStyle());
+    labelSize_ = textSize(*this, view_.targetName.value_or(""), globeLabelStyle());
+}
+
+QRect GlobeWidget::discSquare() const {
+    constexpr double kRim = 2;  // half the rim's line, and the pixel in which it fades
+    const GlobeProjection projection(0, 0, viewSize());
+    const double reach = projection.radius() + kRim;
+    return QRectF(projection.middle().x - reach, projection.middle().y - reach, 2 * reach,
+                  2 * reach)
+        .toAlignedRect();
+}
+
+QRect GlobeWidget::turningArea() const {
+    if (!view_.targetLat || !view_.targetLon) return discSquare();
+    // The marker and its label stick out when they are near the rim.
+    constexpr int kRing = 10;
+    const int side = std::max(kRing, static_cast<int>(labelSize_.width / 2) + 2);
+    const int above = std::max(kRing, static_cast<int>(16 + labelSize_.height / 2) + 2);
+    return discSquare().adjusted(-side, -above, side, kRing);
+}
+
+void GlobeWidget::keepGround(double scale) {
+    const Ground::Key key{viewSize(), scale, view_.centerLat};
+    if (ground_.key == key) return;
+    const QRectF square(discSquare());
+    const QRect pixels = QRectF(square.topLeft() * scale, square.size() * scale).toAlignedRect();
+    if (ground_.picture.size() != pixels.size()) {
+        ground_.picture = QImage(pixels.size(), QImage::Format_RGB32);
+    }
+    ground_.key = key;
+    ground_.picture.setDevicePixelRatio(scale);
+    ground_.topLeft = QPointF(pixels.topLeft()) / scale;
+    QPainter painter(&ground_.picture);
+    painter.translate(-ground_.topLeft);
+    platform::QtCanvas canvas(painter, viewSize(), &thinLines_);
     canvas.fillRect({0, 0, viewSize().width, viewSize().height}, globeGroundColor());
-    view_.draw(canvas, viewSize(), scene());
-    drawGlobeHint(canvas, textSize(*this, kGlobeHint, globeHintStyle()));
+    view_.drawGround(canvas, viewSize(), scene());
+}
+
+void GlobeWidget::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    keepGround(painter.deviceTransform().m11());
+    platform::QtCanvas canvas(painter, viewSize(), &thinLines_);
+    if (const QRect area = event->rect(); !discSquare().contains(area)) {
+        canvas.fillRect(
+            {double(area.x()), double(area.y()), double(area.width()), double(area.height())},
+            globeGroundColor());
+    }
+    painter.drawImage(ground_.topLeft, ground_.picture);
+    view_.drawTurning(canvas, viewSize(), scene());
+    const platform::Rect hint = globeHintBox(hintSize_);
+    if (QRectF(hint.x, hint.y, hint.width, hint.height).intersects(event->rect())) {
+        drawGlobeHint(canvas, hintSize_);
+    }
     if (hasFocusRing_) {
         canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
                                  {platform::Color::hex("#4fcb91"), 1.6});
     }
+}
+
+void GlobeWidget::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) measureTexts();
+    QWidget::changeEvent(event);
 }
 
 void GlobeWidget::timerEvent(QTimerEvent* event) {
@@ -200,7 +259,7 @@ void GlobeWidget::focusOutEvent(QFocusEvent*) { setFocusRing(false); }
 
 void GlobeWidget::centerMoved() {
     if (onCenterChanged) onCenterChanged(view_.centerLat, view_.centerLon);
-    update();
+    update(turningArea());
 }
 
 void GlobeWidget::setFocusRing(bool shown) {

@@ -6,12 +6,14 @@
 #include <vector>
 
 #include <QBasicTimer>
+#include <QImage>
 #include <QWidget>
 
 #include "engine/country_ring.h"
 #include "geo/globe_pointer.h"
 #include "geo/globe_scene.h"
 #include "geo/globe_view.h"
+#include "platform/qt/thin_lines.h"
 
 namespace kalvo::geo {
 
@@ -56,11 +58,31 @@ class GlobeWidget final : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
  private:
+    /// The part of the picture that stays as it is while the globe turns about its axis, finished.
+    struct Ground {
+        struct Key {
+            platform::Size viewSize;
+            double scale;
+            double centerLat;
+            friend bool operator==(const Key&, const Key&) = default;
+        };
+        std::optional<Key> key;
+        QImage picture;
+        QPointF topLeft;
+    };
+
     [[nodiscard]] platform::Size viewSize() const;
     [[nodiscard]] GlobeScene& scene();
     void describe();
+    void measureTexts();
+    /// What the disc and its rim fill, and what may change while the globe turns.
+    [[nodiscard]] QRect discSquare() const;
+    [[nodiscard]] QRect turningArea() const;
+    /// Draws the ground anew if it is not that of the present view, at so many pixels a point.
+    void keepGround(double scale);
     void press(const QMouseEvent& event, GlobePointer::Press kind);
     /// After the globe has turned: tells the new centre and paints it.
     void centerMoved();
@@ -72,6 +94,10 @@ class GlobeWidget final : public QWidget {
     GlobeView view_;
     GlobePointer pointer_;
     QBasicTimer timer_;
+    Ground ground_;
+    platform::ThinLines thinLines_;
+    platform::Size hintSize_{};
+    platform::Size labelSize_{};
     bool hasFocusRing_ = false;
 };
 

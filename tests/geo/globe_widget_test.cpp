@@ -4,13 +4,25 @@
 
 #include <cmath>
 
-#include <QSignalSpy>
+#include <QPaintEvent>
 #include <QTest>
 
 #include "geo/globe_projection.h"
 
 namespace kalvo::geo {
 namespace {
+
+/// What of a widget has been painted, each time.
+struct PaintedAreas final : QObject {
+    std::vector<QRect> list;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            list.push_back(static_cast<QPaintEvent*>(event)->rect());
+        }
+        return false;
+    }
+};
 
 /// A globe of radius 100 round (115, 115), with what it told.
 class GlobeWidgetTest : public testing::Test {
@@ -102,6 +114,36 @@ TEST_F(GlobeWidgetTest, TurnsOnlyWhileItIsShown) {
     globe_.show();
     moves_ = 0;
     EXPECT_TRUE(QTest::qWaitFor([this] { return moves_ >= 2; }, 2000));
+}
+
+TEST_F(GlobeWidgetTest, PaintsOnlyTheDiscWhileItTurnsAndNothingUnseen) {
+    globe_.resize(400, 230);
+    PaintedAreas areas;
+    globe_.installEventFilter(&areas);
+    globe_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&globe_));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return areas.list.size() >= 3; }, 2000));
+    EXPECT_EQ(areas.list.front(), globe_.rect());
+    const QRect disc(200 - 102, 115 - 102, 204, 204);
+    EXPECT_TRUE(areas.list.back().contains(disc));
+    EXPECT_TRUE(disc.adjusted(-1, -1, 1, 1).contains(areas.list.back()));
+
+    // The label of a target at the rim sticks out of the disc.
+    globe_.setTarget(0, 80, "Un nome lungo");
+    areas.list.clear();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return areas.list.size() >= 3; }, 2000));
+    EXPECT_TRUE(areas.list.back().contains(disc.adjusted(-40, -13, 40, 10)));
+    EXPECT_NE(areas.list.back(), globe_.rect());
+
+    for (const bool minimised : {false, true}) {
+        globe_.showNormal();
+        QTest::qWait(60);
+        minimised ? globe_.showMinimized() : globe_.hide();
+        QTest::qWait(20);
+        areas.list.clear();
+        QTest::qWait(150);
+        EXPECT_TRUE(areas.list.empty()) << (minimised ? "minimised" : "hidden");
+    }
 }
 
 TEST_F(GlobeWidgetTest, AsksForTheCountriesWhenItIsPaintedAndUntilThereAreSome) {
