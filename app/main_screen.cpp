@@ -62,8 +62,14 @@ void MainScreen::showEvent(QShowEvent* event) {
     QSplitter::showEvent(event);
     if (isStarted_) return;
     isStarted_ = true;
-    state_.initializeDatabase();
-    redraw();
+    // The window is asked for first: the catalogue is read while the desktop brings it up.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            state_.initializeDatabase();
+            redraw();
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace kalvo::app

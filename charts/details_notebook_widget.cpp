@@ -46,7 +46,6 @@ void DetailsNotebookWidget::showView() {
 void DetailsNotebookWidget::arrange() {
     wind_->arrange(view_.arrangement());
     solar_->arrange(view_.arrangement());
-    updateGeometry();
 }
 
 void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
@@ -61,7 +60,8 @@ void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
 }
 
 int DetailsNotebookWidget::heightForWidth(int width) const {
-    return wind_->hasHeightForWidth() ? wind_->heightForWidth(width) : wind_->sizeHint().height();
+    // -1 while nothing in the view depends on the width.
+    return std::max(wind_->heightForWidth(width), wind_->minimumSizeHint().height());
 }
 
 QSize DetailsNotebookWidget::sizeHint() const {

@@ -1,7 +1,9 @@
 #include "widgets/kalvo_style.h"
 
-#include <QAbstractItemView>
+#include <QApplication>
 #include <QFrame>
+#include <QKeyEvent>
+#include <QScrollArea>
 
 #include "widgets/paint.h"
 #include "widgets/style_parts.h"
@@ -20,6 +22,53 @@ const Option& as(const QStyleOption* option) {
 
 KalvoStyle::KalvoStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
+void KalvoStyle::polish(QApplication* application) {
+    QProxyStyle::polish(application);
+    application->installEventFilter(this);
+}
+
+void KalvoStyle::unpolish(QApplication* application) {
+    application->removeEventFilter(this);
+    QProxyStyle::unpolish(application);
+}
+
+bool KalvoStyle::eventFilter(QObject* object, QEvent* event) {
+    const auto isAlt = [event] { return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt; };
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            if (auto* widget = qobject_cast<QWidget*>(object)) {
+                // Qt itself only ever sets it.
+                widget->window()->setAttribute(Qt::WA_KeyboardFocusChange, false);
+            }
+            underlineMnemonics(false);
+            break;
+        case QEvent::KeyPress:
+            if (isAlt()) underlineMnemonics(true);
+            break;
+        case QEvent::KeyRelease:
+            // A menu opened from the keyboard goes on showing its own.
+            if (isAlt() && QApplication::activePopupWidget() == nullptr) underlineMnemonics(false);
+            break;
+        case QEvent::ApplicationStateChange:
+            underlineMnemonics(false);
+            break;
+        default:
+            break;
+    }
+    return QProxyStyle::eventFilter(object, event);
+}
+
+void KalvoStyle::underlineMnemonics(bool shown) {
+    if (showsMnemonics_ == shown) return;
+    showsMnemonics_ = shown;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->inherits("QLabel") || widget->inherits("QAbstractButton") ||
+            widget->inherits("QMenuBar")) {
+            widget->update();
+        }
+    }
+}
+
 void KalvoStyle::drawPrimitive(PrimitiveElement element,
                                const QStyleOption* option,
                                QPainter* painter,
@@ -33,10 +82,7 @@ void KalvoStyle::drawPrimitive(PrimitiveElement element,
             paintButtonBox(as<QStyleOptionButton>(option), *painter, widget);
             return;
         case PE_FrameFocusRect:
-            // In a list the selection shows where the keyboard is.
-            if (qobject_cast<const QAbstractItemView*>(widget) == nullptr && showsFocus(*option)) {
-                paintFocusRing(*painter, option->rect, kCornerRadius);
-            }
+            // The controls paint their ring themselves; in a list the selection stands for it.
             return;
         case PE_PanelItemViewItem:
             paintListSelection(as<QStyleOptionViewItem>(option), *painter);
@@ -44,12 +90,13 @@ void KalvoStyle::drawPrimitive(PrimitiveElement element,
         case PE_PanelMenu:
             painter->fillRect(option->rect, theme.field);
             return;
+        case PE_PanelTipLabel:
+            paintBox(*painter, option->rect, 0, theme.field, theme.fieldBorder);
+            return;
         case PE_Frame:
         case PE_FrameMenu:
-        case PE_PanelTipLabel:
-            paintBox(*painter, option->rect, 0,
-                     element == PE_PanelTipLabel ? theme.field : QColor(Qt::transparent),
-                     theme.fieldBorder);
+            paintBox(*painter, option->rect, 0, Qt::transparent, theme.fieldBorder);
+            if (showsFocus(*option)) paintFocusRing(*painter, option->rect, kFocusRingWidth);
             return;
         case PE_PanelItemViewRow:
             return;
@@ -133,8 +180,6 @@ QRect KalvoStyle::subElementRect(SubElement element,
                                  const QStyleOption* option,
                                  const QWidget* widget) const {
     switch (element) {
-        case SE_PushButtonFocusRect:
-            return option->rect.adjusted(0, 0, 0, -kShadowHeight);
         case SE_LineEditContents:
             // The field adds two points of its own on either side.
             return option->rect.adjusted(8, 0, -8, -kShadowHeight);
@@ -184,6 +229,9 @@ int KalvoStyle::pixelMetric(PixelMetric metric,
         case PM_MenuPanelWidth:
         case PM_SplitterWidth:
             return 1;
+        // Room for the ring of a page that scrolls with the keyboard.
+        case PM_DefaultFrameWidth:
+            return qobject_cast<const QScrollArea*>(widget) != nullptr ? 2 : 1;
         case PM_MenuVMargin:
             return 4;
         case PM_MenuBarHMargin:
@@ -205,8 +253,9 @@ int KalvoStyle::styleHint(StyleHint hint,
         // As a menu, the list would lay out every one of its thousands of entries.
         case SH_ComboBox_Popup:
         case SH_EtchDisabledText:
-        case SH_UnderlineShortcut:
             return 0;
+        case SH_UnderlineShortcut:
+            return showsMnemonics_ ? 1 : 0;
         case SH_ComboBox_PopupFrameStyle:
             return QFrame::StyledPanel | QFrame::Plain;
         default:

@@ -7,13 +7,20 @@ namespace kalvo::widgets {
 /// The controls of the application on Qt's Fusion style: fields, drop-down menus, buttons, scroll
 /// bars, menus and the ring round what has the keyboard focus. A QPushButton is bordered; one
 /// whose property "prominent" is true is filled with the accent colour, as is a checkable one
-/// while it is on. Colours and fonts come from `Theme`; a style, unlike a style sheet, costs
-/// nothing at the start.
+/// while it is on. The ring is shown while the keyboard is in use and goes with a press of the
+/// mouse; mnemonics are underlined while Alt is held. Colours and fonts come from `Theme`; a
+/// style, unlike a style sheet, costs nothing at the start.
 class KalvoStyle final : public QProxyStyle {
     Q_OBJECT
 
  public:
     KalvoStyle();
+
+    using QProxyStyle::polish;
+    using QProxyStyle::unpolish;
+    void polish(QApplication* application) override;
+    void unpolish(QApplication* application) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
     void drawPrimitive(PrimitiveElement element,
                        const QStyleOption* option,
@@ -45,6 +52,11 @@ class KalvoStyle final : public QProxyStyle {
                                 const QStyleOption* option,
                                 const QWidget* widget,
                                 QStyleHintReturn* returned) const override;
+
+ private:
+    void underlineMnemonics(bool shown);
+
+    bool showsMnemonics_ = false;
 };
 
 }  // namespace kalvo::widgets

@@ -66,6 +66,12 @@ QFont buttonFont(const QStyleOptionButton& button, const QWidget* widget, bool f
     return font;
 }
 
+int mnemonicFlag() {
+    return QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut) != 0
+               ? Qt::TextShowMnemonic
+               : Qt::TextHideMnemonic;
+}
+
 /// Width of the icon and text of a button, without padding.
 int labelWidth(const QStyleOptionButton& button, const QFontMetrics& metrics) {
     const int text = metrics.size(Qt::TextShowMnemonic, button.text).width();
@@ -90,15 +96,16 @@ QSize buttonSize(const QStyleOptionButton& button, const QWidget* widget) {
 
 void paintButtonBox(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget) {
     const ButtonColors colors = buttonColors(button, widget);
-    QRectF box = button.rect.adjusted(0, 0, 0, -kShadowHeight);
+    const QRectF box = button.rect.adjusted(0, 0, 0, -kShadowHeight);
     if (isFilled(button, widget)) {
         // The ring has the colour of the fill: a gap keeps them apart.
-        if (showsFocus(button)) box.adjust(3, 3, -3, -3);
-        paintBox(painter, box, kCornerRadius, colors.fill);
-        return;
+        const double gap = showsFocus(button) ? 3 : 0;
+        paintBox(painter, box.adjusted(gap, gap, -gap, -gap), kCornerRadius - gap, colors.fill);
+    } else {
+        if (!isPressed(button)) paintShadow(painter, box, kCornerRadius);
+        paintBox(painter, box, kCornerRadius, colors.fill, colors.border);
     }
-    if (!isPressed(button)) paintShadow(painter, box, kCornerRadius);
-    paintBox(painter, box, kCornerRadius, colors.fill, colors.border);
+    if (showsFocus(button)) paintFocusRing(painter, box, kCornerRadius);
 }
 
 void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget) {
@@ -114,11 +121,9 @@ void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const
                           kIconSize);
         left += kIconSize + kIconGap;
     }
-    const bool showsMnemonic =
-        QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut, &button, widget) != 0;
-    const int mnemonic = showsMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
     painter.drawText(QRect(QPoint(left, box.y()), box.bottomRight()),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | mnemonic, button.text);
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | mnemonicFlag(),
+                     button.text);
     painter.restore();
 }
 
@@ -220,8 +225,7 @@ void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     painter.setPen(isSelected ? QColor(Qt::white) : isEnabled ? theme.text : theme.tertiaryText);
     const QRect room = item.rect.adjusted(kMenuPadding, 0, -kMenuPadding, 0);
     const QStringList parts = item.text.split(u'\t');
-    painter.drawText(room,
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextShowMnemonic,
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | mnemonicFlag(),
                      parts.first());
     if (parts.size() > 1) {
         if (!isSelected) painter.setPen(theme.tertiaryText);
@@ -237,10 +241,7 @@ void paintMenuBarItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     if (isOpen) paintBox(painter, item.rect.adjusted(1, 3, -1, -3), 5, theme.track);
     painter.save();
     painter.setPen(item.state & QStyle::State_Enabled ? theme.text : theme.tertiaryText);
-    const bool showsMnemonic =
-        QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut, &item, nullptr) != 0;
-    const int mnemonic = showsMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
-    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextSingleLine | mnemonic, item.text);
+    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextSingleLine | mnemonicFlag(), item.text);
     painter.restore();
 }
 
