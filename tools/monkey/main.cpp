@@ -7,18 +7,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
 #include <random>
 
-#include <unistd.h>
 #include <QApplication>
 #include <QTimer>
 
-#include "platform/qt/qt_pasteboard.h"
 #include "tools/monkey/invariants.h"
 #include "tools/monkey/monkey.h"
 #include "tools/monkey/unreliable_session.h"
-#include "widgets/theme.h"
+#include "tools/support/tool_application.h"
 
 namespace {
 
@@ -29,25 +26,7 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 /// share, the time on the wall tells of them.
 constexpr Milliseconds kLongestHold{200};
 /// Memory may still settle after the first half of the events, but not grow by more than this.
-constexpr long kMostGrowth = 24L * 1024 * 1024;
-
-class NoWorkspace final : public platform::Workspace {
- public:
-    bool open(std::string_view) override { return true; }
-};
-
-class NoDiagnostics final : public platform::Diagnostics {
- public:
-    void print(std::string_view) override {}
-};
-
-long residentBytes() {
-    std::ifstream statm("/proc/self/statm");
-    long pages = 0;
-    long resident = 0;
-    statm >> pages >> resident;
-    return resident * sysconf(_SC_PAGESIZE);
-}
+constexpr long kMostGrowth = 24L * 1024;  // kB
 
 /// Processor time of this thread.
 Milliseconds threadTime() {
@@ -82,7 +61,7 @@ void step(Run& run, monkey::Monkey& monkey, const monkey::UnreliableSession& ses
             run.fault = "event " + std::to_string(run.done) + ", " + action + ": " + fault;
     }
     ++run.done;
-    if (run.done == run.events / 2) run.residentAtHalf = residentBytes();
+    if (run.done == run.events / 2) run.residentAtHalf = tools::residentKilobytes();
     if (run.done >= run.events || !run.fault.empty()) QApplication::exit();
 }
 
@@ -98,32 +77,23 @@ int main(int argc, char** argv) {
     std::fflush(stdout);
     std::mt19937_64 random(seed);
 
-    const platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
-    widgets::Theme::apply(bundle);
-    NoDiagnostics diagnostics;
-    engine::LocationParser parser(bundle, diagnostics);
     monkey::UnreliableSession session(random);
-    online::MeteoblueScraper scraper(session, online::ServiceOrigins::publicServices(),
-                                     diagnostics);
-    platform::QtPasteboard pasteboard;
-    NoWorkspace workspace;
-    app::Kalvo_TreskApp kalvo({parser, scraper, pasteboard, diagnostics, bundle},
-                              platform::NotificationCenter::defaultCenter(), workspace);
-    kalvo.openWindow();
+    tools::ToolApplication kalvo(session);
+    kalvo.openScreen();
 
-    monkey::Monkey monkey(kalvo, random);
+    monkey::Monkey monkey(kalvo.application(), random);
     QTimer timer;
     timer.callOnTimeout([&] { step(run, monkey, session); });
     timer.start(0);
     QApplication::exec();
     timer.stop();
 
-    const long growth = residentBytes() - run.residentAtHalf;
+    const long growth = tools::residentKilobytes() - run.residentAtHalf;
     for (const app::MainScreen* screen : monkey::Monkey::screens()) delete screen->window();
     std::printf(
         "%d events done; longest hold %.0f ms (%s), %d over 200 ms; "
         "memory grew by %ld kB in the second half\n",
-        run.done, run.longest.count(), run.longestAction.c_str(), run.holds, growth / 1024);
+        run.done, run.longest.count(), run.longestAction.c_str(), run.holds, growth);
     if (!run.fault.empty()) std::printf("fault: %s\n", run.fault.c_str());
     const bool isSound = run.fault.empty() && run.holds == 0 && growth < kMostGrowth;
     return isSound ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -5,16 +5,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
-#include <unistd.h>
 #include <QApplication>
 #include <QTimer>
 
-#include "app/kalvo_tresk_app.h"
-#include "platform/qt/qt_pasteboard.h"
-#include "platform/qt/qt_workspace.h"
-#include "widgets/theme.h"
+#include "tools/support/tool_application.h"
 
 namespace {
 
@@ -23,21 +18,6 @@ using namespace kalvo;
 constexpr int kRecalculations = 1000;
 constexpr int kMillisecondsPerMinute = 60'000;
 constexpr long kMostSpread = 2048;  // kB
-
-class NoNetwork final : public platform::HttpSession {
- public:
-    platform::Task<platform::Result<std::string>> get(platform::HttpRequest) override {
-        co_return platform::Failure({"Transport", 1, "no network in a soak"});
-    }
-};
-
-long residentKilobytes() {
-    std::ifstream statm("/proc/self/statm");
-    long pages = 0;
-    long resident = 0;
-    statm >> pages >> resident;
-    return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
 
 /// A place found online, so that the globe stays in sight while figures are computed.
 void showAPlace(app::ContentView& state) {
@@ -64,28 +44,19 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const int minutes = std::max(2, argc > 1 ? std::atoi(argv[1]) : 30);
 
-    const platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
-    widgets::Theme::apply(bundle);
-    platform::Diagnostics& diagnostics = platform::Diagnostics::standardOutput();
-    engine::LocationParser parser(bundle, diagnostics);
-    NoNetwork network;
-    online::MeteoblueScraper scraper(network, online::ServiceOrigins::publicServices(),
-                                     diagnostics);
-    platform::QtPasteboard pasteboard;
-    platform::QtWorkspace workspace;
-    app::Kalvo_TreskApp kalvo({parser, scraper, pasteboard, diagnostics, bundle},
-                              platform::NotificationCenter::defaultCenter(), workspace);
-    auto* screen = qobject_cast<app::MainScreen*>(kalvo.openWindow()->centralWidget());
-    showAPlace(screen->state());
+    tools::NoNetwork network;
+    tools::ToolApplication kalvo(network);
+    app::MainScreen& screen = kalvo.openScreen();
+    showAPlace(screen.state());
 
     int done = 0;
     QTimer recalculation;
     recalculation.callOnTimeout([&] {
         if (done == kRecalculations) return;
         ++done;
-        screen->state().quantityString = std::to_string(1 + done % 9);
-        screen->state().selectedTurbineKW = 1 + done % 3;
-        screen->redraw();
+        screen.state().quantityString = std::to_string(1 + done % 9);
+        screen.state().selectedTurbineKW = 1 + done % 3;
+        screen.redraw();
     });
     recalculation.start(minutes * kMillisecondsPerMinute / (kRecalculations + 10));
 
@@ -95,7 +66,7 @@ int main(int argc, char** argv) {
     QTimer minuteTimer;
     minuteTimer.callOnTimeout([&] {
         ++minute;
-        const long resident = residentKilobytes();
+        const long resident = tools::residentKilobytes();
         lowest = minute == 1 ? resident : std::min(lowest, resident);
         highest = std::max(highest, resident);
         std::printf("minute %d: %ld kB resident, %d recalculations\n", minute, resident, done);

@@ -1,0 +1,80 @@
+// What a person waits for: a country chosen, a letter typed, a figure changed.
+
+#include <array>
+
+#include <benchmark/benchmark.h>
+#include <QApplication>
+
+#include "tools/support/tool_application.h"
+
+namespace {
+
+using namespace kalvo;
+
+app::MainScreen& screen() {
+    static tools::NoNetwork network;
+    static tools::ToolApplication kalvo(network);
+    static app::MainScreen& opened = kalvo.openScreen();
+    QApplication::processEvents();
+    return opened;
+}
+
+/// Everything up to the frame on the screen.
+void choose(app::MainScreen& shown, std::string_view country) {
+    shown.state().selectedCountry = country;
+    shown.redraw();
+    shown.grab();
+    QApplication::processEvents();
+}
+
+void choosingItaly(benchmark::State& state) {
+    app::MainScreen& shown = screen();
+    for ([[maybe_unused]] auto iteration : state) {
+        state.PauseTiming();
+        choose(shown, app::kOnlineCountry);
+        state.ResumeTiming();
+        choose(shown, "Italia");
+    }
+}
+BENCHMARK(choosingItaly)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
+/// The state's part of a keystroke, without drawing, for a text that is typed letter by letter.
+void keystroke(benchmark::State& state, const char* typed) {
+    app::MainScreen& shown = screen();
+    choose(shown, "Italia");
+    app::ContentView& content = shown.state();
+    app::ScreenEvents events(content);
+    const std::string text(typed);
+    std::size_t length = 0;
+    for ([[maybe_unused]] auto iteration : state) {
+        content.searchText = text.substr(0, length++ % (text.size() + 1));
+        events.fire();
+    }
+    content.searchText.clear();
+}
+BENCHMARK_CAPTURE(keystroke, roma, "roma")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(keystroke, accents, "SAN GIOVANNÌ È")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(keystroke, one_letter, "a")->Unit(benchmark::kMillisecond);
+
+/// The same with everything on the screen.
+void keystrokeDrawn(benchmark::State& state) {
+    app::MainScreen& shown = screen();
+    choose(shown, "Italia");
+    const std::array<const char*, 4> texts{"r", "ro", "rom", "roma"};
+    std::size_t next = 0;
+    for ([[maybe_unused]] auto iteration : state) {
+        shown.state().searchText = texts[next++ % texts.size()];
+        shown.redraw();
+        shown.grab();
+    }
+}
+BENCHMARK(keystrokeDrawn)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
