@@ -12,7 +12,7 @@ namespace kalvo::app {
 namespace {
 
 constexpr int kMapPadding = 12;      // points above and below the map picker
-constexpr int kAnalysisPadding = 8;  // points above and below the analysis picker
+constexpr int kAnalysisPadding = 8;  // points around the analysis picker
 
 /// A control with room around it.
 QLayout* padded(QWidget* control, const QMargins& padding) {
@@ -42,7 +42,8 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
     column->addLayout(padded(map_, {16, kMapPadding, 16, kMapPadding}));
     column->addWidget(area_, 1);
     column->addWidget(new widgets::Divider);
-    column->addLayout(padded(analysis_, {12, kAnalysisPadding, 12, kAnalysisPadding}));
+    column->addLayout(padded(
+        analysis_, {kAnalysisPadding, kAnalysisPadding, kAnalysisPadding, kAnalysisPadding}));
     column->addWidget(details_);
 
     connect(map_, &widgets::SegmentedControl::indexChosen, this, [this](int index) {

@@ -1,5 +1,7 @@
 #include "app/main_screen.h"
 
+#include <QCoreApplication>
+
 namespace kalvo::app {
 
 namespace {
@@ -7,6 +9,16 @@ namespace {
 constexpr int kNarrowestSidebar = 320;  // points
 constexpr int kWidestSidebar = 480;
 constexpr int kNarrowestDetails = 520;
+
+/// Lays out what has changed now. By itself every level of widgets within widgets takes a turn of
+/// the event loop, and a frame painted between two of them shows texts squeezed into the room of
+/// the last ones.
+void finishLayouts() {
+    constexpr int kDeepestLevel = 6;
+    for (int level = 0; level < kDeepestLevel; ++level) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
+}
 
 }  // namespace
 
@@ -34,6 +46,7 @@ void MainScreen::redraw() {
     events_.fire();
     sidebar_->showState();
     details_->showState();
+    finishLayouts();
     showInfoSheet();
 }
 

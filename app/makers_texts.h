@@ -6,6 +6,6 @@ namespace kalvo::app {
 inline constexpr const char* kApplicationName = "Kalvo Tresk";
 inline constexpr const char* kWebAddress = "https://www.kalvo.example";
 inline constexpr const char* kDeveloperCredit = "Sviluppato da Kalvo.";
-inline constexpr const char* kCopyright = "© Kalvo. Tutti i diritti riservati.";
+inline constexpr const char* kCopyright = "© 2025 Kalvo.";
 
 }  // namespace kalvo::app

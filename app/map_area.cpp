@@ -1,13 +1,10 @@
 #include "app/map_area.h"
 
-#include <QPainter>
-
 namespace kalvo::app {
 
 namespace {
 
 constexpr int kSmallestHeight = 280;  // points
-constexpr QColor kGround(12, 29, 45);
 
 }  // namespace
 
@@ -66,11 +63,6 @@ void MapArea::showMap() {
     }
     map->setView(view);
     setCurrentWidget(map);
-}
-
-void MapArea::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), kGround);
 }
 
 }  // namespace kalvo::app

@@ -11,7 +11,7 @@
 namespace kalvo::app {
 
 /// The globe while places are found online, else the chosen one of the three maps. Each of them
-/// keeps its own view: its centre, or its zoom and pan.
+/// keeps its own view: its centre, or its zoom and pan. Each covers the whole area.
 class MapArea final : public QStackedWidget {
     Q_OBJECT
 
@@ -23,9 +23,6 @@ class MapArea final : public QStackedWidget {
 
  signals:
     void edited();
-
- protected:
-    void paintEvent(QPaintEvent* event) override;
 
  private:
     void showGlobe();

@@ -7,6 +7,7 @@
 
 #include "tests/app/screen_fixture.h"
 #include "widgets/image_view.h"
+#include "widgets/theme.h"
 
 namespace kalvo::app {
 namespace {
@@ -175,6 +176,18 @@ TEST_F(ScreenTest, CopiesTheResultAsItIsShown) {
     EXPECT_EQ(pasteboard.contents, state().detailsText + "\n\n" + state().resultText);
 }
 
+TEST_F(ScreenTest, NoFrameShowsNewTextsInTheRoomOfTheOldOnes) {
+    state().selectedCountry = "Italia";
+    screen().redraw();
+    int texts = 0;
+    for (const QLabel* label : window->findChild<ResultWidget*>()->findChildren<QLabel*>()) {
+        if (!label->isVisible() || !label->wordWrap()) continue;
+        ++texts;
+        EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+    }
+    EXPECT_EQ(texts, 3);
+}
+
 TEST_F(ScreenTest, ATextFromTheWebIsNeverMarkup) {
     state().resultText = "<b>bold</b><img src='/etc/passwd'>";
     state().detailsText = "<i>";
@@ -201,6 +214,28 @@ TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
     screen().redraw();
     EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->currentIndex(), -1);
     EXPECT_EQ(state().selectedLocationLabel, "no such place");
+}
+
+TEST_F(ScreenTest, WithoutALogoTheHeaderShowsTheWind) {
+    const platform::Bundle empty("/nowhere");
+    ContentView bare({.parser = parser,
+                      .scraper = scraper,
+                      .pasteboard = pasteboard,
+                      .diagnostics = diagnostics,
+                      .bundle = empty});
+    SidebarWidget sidebar(bare);
+    widgets::ImageView* logo = nullptr;
+    for (auto* image : sidebar.findChildren<widgets::ImageView*>()) {
+        if (image->size() == QSize(44, 44)) logo = image;
+    }
+    ASSERT_NE(logo, nullptr);
+    const QImage picture = logo->grab().toImage();
+    const QColor green = widgets::Theme::current().brandText;
+    int greenPixels = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) greenPixels += picture.pixelColor(x, y) == green;
+    }
+    EXPECT_GT(greenPixels, 50);
 }
 
 TEST_F(ScreenTest, TheWheelDoesNotChangeAChoice) {

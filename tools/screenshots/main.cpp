@@ -34,9 +34,7 @@ void addOptions(QCommandLineParser& parser) {
                        {"map", "Choose this map, from 0.", "tab"},
                        {"details", "Choose this analysis, from 0.", "tab"},
                        {"fetching", "Show a download under way."},
-                       {"open", "Open the place picker, or the menu of this number.", "what"},
-                       {"sheet", "Open the information sheet."},
-                       {"focus", "Press the tabulator key so many times.", "count"}});
+                       {"sheet", "Open the information sheet."}});
 }
 
 /// Lets the window live for a moment: layouts, images and the globe's first frames.
