@@ -175,6 +175,7 @@ std::string SolarChartView::describe(const Hit& hit) const {
 }
 
 std::string SolarChartView::summary() const {
+    if (solarData == engine::SolarData{}) return "Nessun dato sulle condizioni del cielo.";
     const auto largest = [&](Condition condition) {
         std::size_t best = 0;
         for (std::size_t month = 1; month < MonthPlot::kMonths; ++month) {

@@ -138,6 +138,7 @@ TEST(SolarChartView, SumsItselfUpInASentence) {
     EXPECT_EQ(view.summary(),
               "Il mese con più giorni di sole è Luglio (20,5 giorni), quello con più giorni di "
               "pioggia Novembre (9 giorni).");
+    EXPECT_EQ(SolarChartView{}.summary(), "Nessun dato sulle condizioni del cielo.");
 }
 
 }  // namespace
