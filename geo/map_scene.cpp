@@ -1,7 +1,6 @@
 #include "geo/map_scene.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace kalvo::geo {
 
@@ -65,12 +64,12 @@ MapScene MapScene::make(const GeoMapData& map, platform::Size viewSize) {
 }
 
 std::optional<std::size_t> MapScene::featureAt(Point point) const {
-    for (const Outline& outline : outlines | std::views::reverse) {
-        if (windingNumber(outline.path.polylines.front().points, point) != 0) {
-            return outline.feature;
-        }
-    }
-    return std::nullopt;
+    const auto topmost =
+        std::find_if(outlines.rbegin(), outlines.rend(), [&](const Outline& outline) {
+            return windingNumber(outline.path.polylines.front().points, point) != 0;
+        });
+    if (topmost == outlines.rend()) return std::nullopt;
+    return topmost->feature;
 }
 
 }  // namespace kalvo::geo

@@ -1,15 +1,16 @@
 #include "geo/map_widget.h"
 
+#include <algorithm>
 #include <cmath>
 
-#include <QGestureEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLineF>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
-#include <QPinchGesture>
 #include <QToolTip>
+#include <QTouchEvent>
 #include <QWheelEvent>
 
 #include "platform/qt/qt_canvas.h"
@@ -53,7 +54,8 @@ MapWidget::MapWidget(QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
-    grabGesture(Qt::PinchGesture);
+    // Not by a QPinchGesture, which Qt 6.4 feeds every movement of the fingers twice.
+    setAttribute(Qt::WA_AcceptTouchEvents);
     describe();
 }
 
@@ -174,12 +176,15 @@ void MapWidget::showWholeMap() {
 bool MapWidget::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::ToolTip:
-            showToolTip(*static_cast<QHelpEvent*>(event));
+            showToolTip(dynamic_cast<const QHelpEvent&>(*event));
             return true;
         case QEvent::NativeGesture:
-            return pinch(*static_cast<QNativeGestureEvent*>(event)) || QWidget::event(event);
-        case QEvent::Gesture:
-            return pinch(*static_cast<QGestureEvent*>(event)) || QWidget::event(event);
+            return pinch(dynamic_cast<const QNativeGestureEvent&>(*event)) || QWidget::event(event);
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+            touch(dynamic_cast<const QTouchEvent&>(*event));
+            return true;
         default:
             return QWidget::event(event);
     }
@@ -218,16 +223,25 @@ bool MapWidget::pinch(const QNativeGestureEvent& event) {
     }
 }
 
-bool MapWidget::pinch(QGestureEvent& event) {
-    const auto* gesture = static_cast<QPinchGesture*>(event.gesture(Qt::PinchGesture));
-    if (!gesture) return false;
-    if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged) {
-        apply([&](MapGestures& map) { pinchChanged(map, gesture->totalScaleFactor()); });
-    }
-    if (gesture->state() == Qt::GestureFinished || gesture->state() == Qt::GestureCanceled) {
-        pinchEnded(view_.gestures);
-    }
-    return true;
+void MapWidget::touch(const QTouchEvent& event) {
+    const auto isMoving = [](const QEventPoint& point) {
+        return point.state() == QEventPoint::Updated || point.state() == QEventPoint::Stationary;
+    };
+    const QList<QEventPoint>& fingers = event.points();
+    if (!std::all_of(fingers.begin(), fingers.end(), isMoving)) return;
+    // The map sticks to one finger, or to the middle between the first two.
+    const QEventPoint& one = fingers.front();
+    const QEventPoint& other = fingers[fingers.size() > 1 ? 1 : 0];
+    const QPointF middle = (one.position() + other.position()) / 2;
+    const QPointF moved = middle - (one.lastPosition() + other.lastPosition()) / 2;
+    const double reach = QLineF(one.position(), other.position()).length();
+    const double lastReach = QLineF(one.lastPosition(), other.lastPosition()).length();
+    apply([&](MapGestures& map) {
+        moveBy(map, {moved.x(), moved.y()});
+        if (reach > 0 && lastReach > 0) {
+            zoomBy(map, reach / lastReach, pointOf(middle), viewSize());
+        }
+    });
 }
 
 void MapWidget::wheelEvent(QWheelEvent* event) {

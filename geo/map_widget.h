@@ -8,9 +8,9 @@
 #include "geo/map_scene.h"
 #include "geo/map_view.h"
 
-class QGestureEvent;
 class QHelpEvent;
 class QNativeGestureEvent;
+class QTouchEvent;
 
 namespace kalvo::geo {
 
@@ -61,7 +61,7 @@ class MapWidget final : public QWidget {
     void showWholeMap();
     void showToolTip(const QHelpEvent& event);
     bool pinch(const QNativeGestureEvent& event);
-    bool pinch(QGestureEvent& event);
+    void touch(const QTouchEvent& event);
     void setFocusRing(bool shown);
 
     MapView view_;

@@ -118,6 +118,25 @@ TEST_F(MapWidgetTest, PinchesOnATouchpadAddUp) {
     EXPECT_EQ(offset(), (Size{0, 0}));
 }
 
+TEST_F(MapWidgetTest, TheMapSticksToTheFingersOnATouchScreen) {
+    auto touch = QTest::touchEvent(&map_, QTest::createTouchDevice(), false);
+    touch.press(0, {54, 64}).commit();
+    touch.move(0, {59, 66}).commit();
+    EXPECT_EQ(offset(), (Size{5, 2}));
+    touch.stationary(0).press(1, {79, 66}).commit();
+    // The fingers move apart and to the right: their middle from 69, 66 to 74, 66.
+    touch.move(0, {54, 66}).move(1, {94, 66}).commit();
+    EXPECT_DOUBLE_EQ(scale(), 2);
+    const platform::Point underFingers = pictureAt(map_.view().gestures, {74, 66}, {128, 128});
+    EXPECT_NEAR(underFingers.x, 64, 1e-9);
+    EXPECT_NEAR(underFingers.y, 64, 1e-9);
+    touch.release(0, {54, 66}).stationary(1).commit();
+    touch.move(1, {84, 66}).commit();
+    touch.release(1, {84, 66}).commit();
+    EXPECT_DOUBLE_EQ(scale(), 2);
+    EXPECT_NEAR(pictureAt(map_.view().gestures, {64, 66}, {128, 128}).x, 64, 1e-9);
+}
+
 TEST_F(MapWidgetTest, KeysZoomAndMove) {
     QTest::keyClick(&map_, Qt::Key_Plus);
     QTest::keyClick(&map_, Qt::Key_Equal);
