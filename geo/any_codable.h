@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 namespace kalvo::geo {
@@ -11,9 +13,9 @@ namespace kalvo::geo {
 /// A recursive coordinate value: a number, or an array of such values. It is a view of a value
 /// inside a `CoordinateList` and valid as long as that list is, unchanged; copying it is cheap.
 ///
-/// The values of one list stand in one pool of words. A word is a number, or, marked by a bit
-/// pattern that no number of a JSON text has, the position in the pool of an array: the word with
-/// its size, followed by its elements. A position of two numbers so takes 32 bytes.
+/// The values of one list stand in one pool of words. A word is a number or, marked by a bit
+/// pattern that no number of a JSON text has, an array: where its elements stand in the pool, and
+/// how many they are. A position of two numbers so takes 24 bytes.
 class AnyCodable {
  public:
     using Word = std::uint64_t;
@@ -48,12 +50,16 @@ class AnyCodable {
     [[nodiscard]] double number() const { return std::bit_cast<double>(word_); }
 
     /// How many elements an array has; 0 for a number.
-    [[nodiscard]] std::size_t size() const { return isArray() ? header()[0] : 0; }
+    [[nodiscard]] std::size_t size() const {
+        if (isNumber()) return 0;
+        const Word size = word_ >> kSizeShift & kLargeSize;
+        return size < kLargeSize ? size : elements()[-1];
+    }
     [[nodiscard]] bool empty() const { return size() == 0; }
 
     /// An element of an array; `index` is below its size.
     [[nodiscard]] AnyCodable operator[](std::size_t index) const {
-        return {pool_, header()[1 + index]};
+        return {pool_, elements()[index]};
     }
     [[nodiscard]] AnyCodable front() const { return (*this)[0]; }
 
@@ -63,18 +69,26 @@ class AnyCodable {
     }
 
     /// The elements of an array in order; none for a number.
-    [[nodiscard]] Iterator begin() const { return {pool_, isArray() ? header() + 1 : nullptr}; }
+    [[nodiscard]] Iterator begin() const { return {pool_, isArray() ? elements() : nullptr}; }
     [[nodiscard]] Iterator end() const {
-        return {pool_, isArray() ? header() + 1 + size() : nullptr};
+        return {pool_, isArray() ? elements() + size() : nullptr};
     }
 
+    /// The words of a pool. The elements of an array stand from `first` on, which fits 32 bits
+    /// because texts of 4 GB and more are not read; the word before them holds the size from
+    /// `kLargeSize` on.
+    [[nodiscard]] static Word numberWord(double number) { return std::bit_cast<Word>(number); }
+    [[nodiscard]] static Word arrayWord(std::size_t first, std::size_t size) {
+        return kArrayMark | std::min<Word>(size, kLargeSize) << kSizeShift | first;
+    }
+    static constexpr Word kLargeSize = 0x7'FFFF;
+
  private:
-    friend class CoordinateList;
-
     /// The bit patterns from here on are those of NaNs, which JSON cannot write.
-    static constexpr Word kArrayMark = 0xFFFF'0000'0000'0000;
+    static constexpr Word kArrayMark = 0xFFF8'0000'0000'0000;
+    static constexpr int kSizeShift = 32;
 
-    [[nodiscard]] const Word* header() const { return pool_ + (word_ & ~kArrayMark); }
+    [[nodiscard]] const Word* elements() const { return pool_ + (word_ & 0xFFFF'FFFF); }
 
     const Word* pool_;
     Word word_;
@@ -87,13 +101,8 @@ class CoordinateList {
     using Word = AnyCodable::Word;
 
     CoordinateList() = default;
-    /// Takes over a pool laid out as `AnyCodable` describes, the list's own array first.
+    /// Takes over a pool laid out as `AnyCodable` describes. Its first word is the list itself.
     explicit CoordinateList(std::vector<Word> pool) : pool_(std::move(pool)) {}
-
-    [[nodiscard]] static Word numberWord(double number) { return std::bit_cast<Word>(number); }
-    [[nodiscard]] static Word arrayWord(std::size_t position) {
-        return AnyCodable::kArrayMark | position;
-    }
 
     [[nodiscard]] std::size_t size() const { return root().size(); }
     [[nodiscard]] bool empty() const { return root().empty(); }
@@ -104,9 +113,11 @@ class CoordinateList {
     friend bool operator==(const CoordinateList&, const CoordinateList&) = default;
 
  private:
-    [[nodiscard]] AnyCodable root() const { return {pool_.data(), arrayWord(0)}; }
+    [[nodiscard]] AnyCodable root() const {
+        return {pool_.data(), pool_.empty() ? AnyCodable::arrayWord(0, 0) : pool_.front()};
+    }
 
-    std::vector<Word> pool_{0};
+    std::vector<Word> pool_;
 };
 
 /// Calls `visit` for every value of the list in document order, each before its elements. The

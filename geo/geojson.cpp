@@ -53,9 +53,9 @@ class CoordinateReader {
     platform::Result<CoordinateList> read(const array& coordinates) {
         // A value takes no more words of the pool than it has slots on the parser's tape.
         words_.resize(std::max(words_.size(), coordinates.number_of_slots()));
-        used_ = 0;
+        used_ = 1;
         enclosing_.clear();
-        Open open = append(coordinates);
+        Open open = append(coordinates, 0);
         while (true) {
             if (open.next == open.end) {
                 if (enclosing_.empty()) break;
@@ -64,9 +64,8 @@ class CoordinateReader {
                 continue;
             }
             if (array values; (*open.next).get(values) == simdjson::SUCCESS) {
-                words_[open.slot++] = CoordinateList::arrayWord(used_);
+                Open inner = append(values, open.slot++);
                 ++open.next;
-                Open inner = append(values);
                 takeNumbers(inner);
                 if (inner.next != inner.end) {
                     enclosing_.push_back(open);
@@ -90,12 +89,14 @@ class CoordinateReader {
         std::size_t slot;
     };
 
-    Open append(const array& values) {
+    /// Makes room for the elements of an array that goes into a slot.
+    Open append(const array& values, std::size_t slot) {
         const std::size_t size = exactSize(values);
-        words_[used_] = size;
-        const std::size_t firstSlot = used_ + 1;
-        used_ = firstSlot + size;
-        return {values.begin(), values.end(), firstSlot};
+        if (size >= AnyCodable::kLargeSize) words_[used_++] = size;
+        const std::size_t first = used_;
+        words_[slot] = AnyCodable::arrayWord(first, size);
+        used_ += size;
+        return {values.begin(), values.end(), first};
     }
 
     /// Takes the numbers that come next in an array and says whether there were any.
@@ -104,7 +105,7 @@ class CoordinateReader {
         for (; open.next != open.end; ++open.next) {
             double number = 0;
             if ((*open.next).get(number) != simdjson::SUCCESS) break;
-            words_[open.slot++] = CoordinateList::numberWord(number);
+            words_[open.slot++] = AnyCodable::numberWord(number);
         }
         return open.slot != before;
     }

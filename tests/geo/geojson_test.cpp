@@ -66,6 +66,23 @@ TEST(GeoJSON, CoordinatesKeepTheirNesting) {
     EXPECT_EQ(list[3][2].number(), 18446744073709551616.0);
 }
 
+TEST(GeoJSON, ArraysOfAnySizeDecode) {
+    // Around the size from which on an array keeps its size apart.
+    for (const std::size_t size : {524'286U, 524'287U, 524'288U}) {
+        std::string numbers = "0";
+        for (std::size_t i = 1; i < size; ++i) numbers += i % 2 == 0 ? ",0" : ",1";
+        const auto map = decodeGeoJSON(tests::outlineText("[[" + numbers + "],[7,8]]"));
+        ASSERT_TRUE(map) << map.error().message;
+        const CoordinateList& list = map->features[0].geometry.coordinates;
+        ASSERT_EQ(list.size(), 2u);
+        ASSERT_EQ(list[0].size(), size);
+        EXPECT_EQ(list[0][1].number(), 1);
+        EXPECT_EQ(list[0][size - 1].number(), size % 2 == 0 ? 1 : 0);
+        EXPECT_EQ(std::distance(list[0].begin(), list[0].end()), static_cast<std::ptrdiff_t>(size));
+        EXPECT_EQ(list[1][1].number(), 8);
+    }
+}
+
 TEST(GeoJSON, CollectionsWithoutFeaturesAndUnknownKeysDecode) {
     const auto empty = decodeGeoJSON(R"({"features":[],"crs":{"a":[null]},"features2":7})");
     ASSERT_TRUE(empty);
