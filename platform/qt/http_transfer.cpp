@@ -47,6 +47,8 @@ HttpTransfer::HttpTransfer(QNetworkReply* reply,
     : reply_(reply) {
     connect(reply_, &QNetworkReply::readyRead, this, &HttpTransfer::takeBody);
     connect(reply_, &QNetworkReply::finished, this, &HttpTransfer::finish);
+    // A body that cannot be unpacked is an error long before the reply finishes, if it ever does.
+    connect(reply_, &QNetworkReply::errorOccurred, this, &HttpTransfer::failIfBroken);
 
     idle_.setSingleShot(true);
     connect(&idle_, &QTimer::timeout, this,
@@ -60,6 +62,7 @@ HttpTransfer::HttpTransfer(QNetworkReply* reply,
 }
 
 HttpTransfer::~HttpTransfer() {
+    if (!reply_) return;
     reply_->disconnect(this);
     reply_->abort();
     reply_->deleteLater();
@@ -83,10 +86,13 @@ void HttpTransfer::takeBody() {
 
 void HttpTransfer::finish() {
     takeBody();
-    if (reply_->error() != QNetworkReply::NoError && !tellsOfTheStatus(*reply_)) {
-        return fail(reply_->error(), explanation(*reply_));
-    }
+    failIfBroken();
     end(std::move(body_));
+}
+
+void HttpTransfer::failIfBroken() {
+    if (reply_->error() == QNetworkReply::NoError || tellsOfTheStatus(*reply_)) return;
+    fail(reply_->error(), explanation(*reply_));
 }
 
 void HttpTransfer::fail(QNetworkReply::NetworkError code, const std::string& whatTheHostDid) {

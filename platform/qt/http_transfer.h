@@ -10,6 +10,7 @@
 #include <QDeadlineTimer>
 #include <QNetworkReply>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 
@@ -39,10 +40,11 @@ class HttpTransfer final : public QObject {
  private:
     void takeBody();
     void finish();
+    void failIfBroken();
     void fail(QNetworkReply::NetworkError code, const std::string& whatTheHostDid);
     void end(Result<std::string> outcome);
 
-    QNetworkReply* reply_;
+    QPointer<QNetworkReply> reply_;  // null once the application has quit
     std::string body_;
     QTimer idle_;
     QTimer deadline_;

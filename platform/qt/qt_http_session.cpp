@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QUrl>
@@ -38,9 +38,6 @@ Failure failure(QNetworkReply::NetworkError code, const std::string& message) {
 
 }  // namespace
 
-QtHttpSession::QtHttpSession() = default;
-QtHttpSession::~QtHttpSession() = default;
-
 Task<Result<std::string>> QtHttpSession::get(HttpRequest request) {
     const QDeadlineTimer deadline(kDeadlineFactor * request.timeout);
     QUrl url(QString::fromStdString(request.url), QUrl::StrictMode);
@@ -66,7 +63,12 @@ Task<Result<std::string>> QtHttpSession::get(HttpRequest request) {
 }
 
 QNetworkAccessManager& QtHttpSession::network() {
-    if (!network_) network_ = std::make_unique<QNetworkAccessManager>();
+    if (!network_) {
+        QCoreApplication* const application = QCoreApplication::instance();
+        network_ = new QNetworkAccessManager(application);
+        QObject::connect(application, &QCoreApplication::aboutToQuit, network_,
+                         &QObject::deleteLater);
+    }
     return *network_;
 }
 
