@@ -64,7 +64,8 @@ HttpTransfer::HttpTransfer(QNetworkReply* reply,
 HttpTransfer::~HttpTransfer() {
     if (!reply_) return;
     reply_->disconnect(this);
-    reply_->abort();
+    // Its deletion closes the connection. To abort it first would be a second error to a reply
+    // that has failed but not finished.
     reply_->deleteLater();
 }
 

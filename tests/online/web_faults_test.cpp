@@ -12,6 +12,7 @@
 
 #include <gmock/gmock.h>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTimer>
@@ -105,6 +106,7 @@ class World {
     /// As when the window closes, with everything in it.
     void close() {
         scope_.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         session_.reset();
     }
 
@@ -365,7 +367,7 @@ TEST(ClosingTheWindow, EndsRequestsAtAnyMoment) {
 
 TEST(QuittingTheApplication, LeavesRequestsUnderWayUnfinished) {
     TlsServer::trustTestAuthority();
-    for (const int moment : {0, 1, 2, 4, 8, 16}) {
+    for (const int moment : {0, 1, 2, 3, 4}) {
         World world(kName);
         world.answerAtFaultyPoint({.bytes = "HTTP/1.1 200 OK\r\n"});
         world.start();

@@ -143,6 +143,19 @@ TEST_F(QtHttpSessionTest, CutsOffWhoKeepsItWaiting) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
 }
 
+TEST_F(QtHttpSessionTest, GivesTheDownloadUpWithItsTask) {
+    server.answer("/", {.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbody"});
+    std::optional<Answer> answer;
+    {
+        TaskScope closing;
+        closing.start(keep(session.get({server.origin() + "/", {}, 20s}), &answer));
+        ASSERT_TRUE(tests::runUntil([&] { return server.requests().size() == 1; }));
+        EXPECT_EQ(server.openConnections(), 1);
+    }
+    EXPECT_TRUE(tests::runUntil([&] { return server.openConnections() == 0; }));
+    EXPECT_FALSE(answer);
+}
+
 TEST_F(QtHttpSessionTest, NamesTheHostAndTheTroubleInOneSentence) {
     EXPECT_EQ(errorOf({.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbody",
                        .then = TlsAnswer::Then::close})

@@ -78,7 +78,11 @@ std::string TlsServer::origin() const {
 }
 
 void TlsServer::accept(QSslSocket* connection) {
-    QObject::connect(connection, &QSslSocket::disconnected, connection, &QObject::deleteLater);
+    ++openConnections_;
+    QObject::connect(connection, &QSslSocket::disconnected, &server_, [this, connection] {
+        --openConnections_;
+        connection->deleteLater();
+    });
     QObject::connect(connection, &QSslSocket::readyRead, &server_,
                      [this, connection] { read(connection); });
     read(connection);

@@ -53,14 +53,17 @@ class TlsServer {
     /// The heads of the requests so far, from the request line to the last header.
     [[nodiscard]] const std::vector<std::string>& requests() const { return requests_; }
 
+    [[nodiscard]] int openConnections() const { return openConnections_; }
+
  private:
     void accept(QSslSocket* connection);
     void read(QSslSocket* connection);
     void send(QSslSocket* connection, const TlsAnswer& answer);
 
-    QSslServer server_;
     std::map<std::string, TlsAnswer> answers_;
     std::vector<std::string> requests_;
+    int openConnections_ = 0;
+    QSslServer server_;  // ends first, with the connections that report to the others
 };
 
 }  // namespace kalvo::tests
