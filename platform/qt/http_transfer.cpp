@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <QCoreApplication>
 #include <QNetworkRequest>
 #include <QVariant>
 
@@ -106,8 +107,9 @@ void HttpTransfer::end(Result<std::string> outcome) {
     idle_.stop();
     deadline_.stop();
     reply_->disconnect(this);
-    QMetaObject::invokeMethod(
-        this, [this] { awaiting_.resume(); }, Qt::QueuedConnection);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
+
+void HttpTransfer::customEvent(QEvent* /*event*/) { awaiting_.resume(); }
 
 }  // namespace kalvo::platform

@@ -8,6 +8,7 @@
 #include <string>
 
 #include <QDeadlineTimer>
+#include <QEvent>
 #include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
@@ -28,6 +29,8 @@ class HttpTransfer final : public QObject {
 
     /// `idle` is how long nothing may arrive, `deadline` when all must have.
     HttpTransfer(QNetworkReply* reply, std::chrono::milliseconds idle, QDeadlineTimer deadline);
+    HttpTransfer(const HttpTransfer&) = delete;
+    HttpTransfer& operator=(const HttpTransfer&) = delete;
     ~HttpTransfer() override;
 
     [[nodiscard]] bool await_ready() const noexcept { return false; }
@@ -43,6 +46,8 @@ class HttpTransfer final : public QObject {
     void failIfBroken();
     void fail(QNetworkReply::NetworkError code, const std::string& whatTheHostDid);
     void end(Result<std::string> outcome);
+    /// The only event posted to the transfer says that it has ended.
+    void customEvent(QEvent* event) override;
 
     QPointer<QNetworkReply> reply_;  // null once the application has quit
     std::string body_;
