@@ -1,17 +1,18 @@
 #include "tests/support/test_authority.h"
 
+#include <random>
 #include <stdexcept>
+#include <vector>
 
 #include <openssl/bio.h>
 #include <openssl/pem.h>
-#include <openssl/rand.h>
 #include <openssl/x509v3.h>
 
 namespace kalvo::tests {
 
 namespace {
 
-constexpr long kSecondsOfDay = 24 * 60 * 60;
+constexpr long kSecondsOfDay = 24L * 60 * 60;
 
 void require(bool succeeded) {
     if (!succeeded) throw std::runtime_error("OpenSSL refused to make a test certificate");
@@ -65,15 +66,14 @@ TestAuthority::Certificate TestAuthority::blankCertificate(EVP_PKEY* key,
     Certificate certificate(X509_new());
     require(key != nullptr && certificate != nullptr);
     require(X509_set_version(certificate.get(), X509_VERSION_3) == 1);
-    std::uint64_t serial = 0;
-    require(RAND_bytes(reinterpret_cast<unsigned char*>(&serial), sizeof serial) == 1);
-    require(ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate.get()), serial) == 1);
+    require(ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate.get()),
+                                    std::random_device()()) == 1);
     X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -2 * kSecondsOfDay);
     X509_gmtime_adj(X509_getm_notAfter(certificate.get()), days * kSecondsOfDay);
     X509_NAME* const subject = X509_get_subject_name(certificate.get());
-    require(X509_NAME_add_entry_by_txt(subject, "CN", MBSTRING_UTF8,
-                                       reinterpret_cast<const unsigned char*>(name.c_str()), -1, -1,
-                                       0) == 1);
+    const std::vector<unsigned char> text(name.begin(), name.end());
+    require(X509_NAME_add_entry_by_txt(subject, "CN", MBSTRING_UTF8, text.data(),
+                                       static_cast<int>(text.size()), -1, 0) == 1);
     require(X509_set_issuer_name(certificate.get(), subject) == 1);
     require(X509_set_pubkey(certificate.get(), key) == 1);
     return certificate;

@@ -23,15 +23,18 @@ std::string requestedPath(const std::string& head) {
 
 QByteArray bytes(const std::string& text) { return QByteArray::fromStdString(text); }
 
-/// Sends the bytes from `position` on one by one, for as long as the connection lasts.
-void drip(QSslSocket* connection, const TlsAnswer& answer, std::size_t position) {
-    if (position == answer.bytes.size()) {
+/// Sends the bytes from `start` on one by one, for as long as the connection lasts.
+void drip(QSslSocket* connection, const TlsAnswer& answer, std::size_t start) {
+    auto* const timer = new QTimer(connection);
+    QObject::connect(timer, &QTimer::timeout, connection, [=, position = start]() mutable {
+        if (position < answer.bytes.size()) {
+            connection->write(&answer.bytes[position++], 1);
+            return;
+        }
+        timer->stop();
         if (answer.then == TlsAnswer::Then::close) connection->disconnectFromHost();
-        return;
-    }
-    connection->write(&answer.bytes[position], 1);
-    connection->flush();
-    QTimer::singleShot(answer.perByte, connection, [=] { drip(connection, answer, position + 1); });
+    });
+    timer->start(answer.perByte);
 }
 
 }  // namespace
