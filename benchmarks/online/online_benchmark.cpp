@@ -7,6 +7,7 @@
 #include <string>
 
 #include <benchmark/benchmark.h>
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include "online/chart_decoders.h"
@@ -26,12 +27,11 @@ std::string placeholder(const std::string& chart) {
 std::string climatePage() {
     std::string half;
     for (int row = 0; half.size() < 300'000; ++row) {
-        const std::string number = std::to_string(row);
-        half += "<tr id=\"row" + number + "\" class='odd'><td><a href=\"/en/weather/week/place_" +
-                number + "\" data-url=\"/en/place?id=" + number + "&amp;x=1\">Località " + number +
-                "</a></td><td>12.5 °C</td></tr>\n"
-                "<script>if (a[" +
-                number + "] > 0) { show(\"#row" + number + "\"); }</script>\n";
+        half += fmt::format(
+            "<tr id=\"row{0}\" class='odd'><td><a href=\"/en/weather/week/place_{0}\" "
+            "data-url=\"/en/place?id={0}&amp;x=1\">Località {0}</a></td><td>12.5 °C</td></tr>\n"
+            "<script>if (a[{0}] > 0) show(\"#row{0}\");</script>\n",
+            row);
     }
     return "<!DOCTYPE html><html><body>" + half + placeholder("wind_speeds") +
            placeholder("wind_rose") + placeholder("cloud_coverage") + half + "</body></html>";

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 using testing::Optional;
 
 std::string placeholder(const std::string& dataUrl) {
-    return "<div id=\"blooimage\" class=\"chart\" data-url=\"" + dataUrl + "\"></div>\n";
+    return R"(<div id="blooimage" class="chart" data-url=")" + dataUrl + "\"></div>\n";
 }
 
 TEST(FindChartAddresses, DecodesEntitiesAndPutsTheSchemeInFront) {

@@ -13,6 +13,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> names(const std::vector<MeteoblueSearchResult>& places) {
     std::vector<std::string> result;
+    result.reserve(places.size());
     for (const MeteoblueSearchResult& place : places) result.push_back(place.name);
     return result;
 }

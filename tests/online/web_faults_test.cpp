@@ -168,7 +168,9 @@ struct Fault {
     std::function<TlsAnswer(const std::string& body)> answer;
     const Outcomes& outcomes;
 
-    friend void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.name; }
+    friend std::ostream& operator<<(std::ostream& out, const Fault& fault) {
+        return out << fault.name;
+    }
 };
 
 constexpr auto kClose = TlsAnswer::Then::close;
@@ -303,6 +305,7 @@ class WebFaults : public testing::TestWithParam<Fault> {};
 TEST_P(WebFaults, EndAsTheOperationsPromise) {
     TlsServer::trustTestAuthority();
     std::vector<std::unique_ptr<World>> worlds;
+    worlds.reserve(kPoints.size());
     for (const Point point : kPoints) {
         worlds.push_back(std::make_unique<World>(point));
         worlds.back()->answerAtFaultyPoint(GetParam().answer(worlds.back()->body(point)));
@@ -332,6 +335,7 @@ TEST(ConnectionFaults, AreFailuresOfTransport) {
                                       expired.origin(), misnamed.origin()}) {
         SCOPED_TRACE(origin);
         std::vector<std::unique_ptr<World>> worlds;
+        worlds.reserve(kPoints.size());
         for (const Point point : kPoints) worlds.push_back(std::make_unique<World>(point, origin));
         expectOutcomes(worlds, kTransportFailure);
     }
