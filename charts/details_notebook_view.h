@@ -12,8 +12,14 @@ enum class HorizontalSizeClass { kCompact, kRegular };
 
 enum class Arrangement { kStacked, kSideBySide };
 
+/// Side by side too as long as nobody has said how much width there is.
+[[nodiscard]] constexpr Arrangement arrangementFor(std::optional<HorizontalSizeClass> sizeClass) {
+    return sizeClass == HorizontalSizeClass::kCompact ? Arrangement::kStacked
+                                                      : Arrangement::kSideBySide;
+}
+
 /// What the detail panel shows: the wind analysis or the photovoltaic one, of these data sets and
-/// texts. Whoever shows it fills in the size class from the room it has.
+/// texts.
 struct DetailsNotebookView {
     int activeDetailsTab;  // 0 shows the wind view, any other value the photovoltaic view
     engine::WindDistribution currentDistribution;
@@ -21,13 +27,8 @@ struct DetailsNotebookView {
     engine::SolarData currentSolarData;
     std::string pvDetailsText;  // shown as it stands
     std::string pvResultText;   // shown as it stands, highlighted
-    std::optional<HorizontalSizeClass> horizontalSizeClass = std::nullopt;
 
     [[nodiscard]] bool showsWind() const { return activeDetailsTab == 0; }
-    [[nodiscard]] Arrangement arrangement() const {
-        return horizontalSizeClass == HorizontalSizeClass::kCompact ? Arrangement::kStacked
-                                                                    : Arrangement::kSideBySide;
-    }
 };
 
 }  // namespace kalvo::charts

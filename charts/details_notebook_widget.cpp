@@ -11,7 +11,6 @@ namespace kalvo::charts {
 
 DetailsNotebookWidget::DetailsNotebookWidget(platform::Pasteboard& pasteboard, QWidget* parent)
     : QScrollArea(parent),
-      view_{0, {}, {}, {}, {}, {}},
       wind_(new WindDetailsWidget(pasteboard)),
       solar_(new SolarDetailsWidget) {
     setFrameShape(QFrame::NoFrame);
@@ -26,33 +25,27 @@ DetailsNotebookWidget::DetailsNotebookWidget(platform::Pasteboard& pasteboard, Q
     layout->addWidget(solar_);
     layout->addStretch(1);
     setWidget(pages);
-    showView();
+    solar_->hide();
     arrange();
 }
 
-void DetailsNotebookWidget::setView(DetailsNotebookView view) {
-    view.horizontalSizeClass = view_.horizontalSizeClass;
-    view_ = std::move(view);
-    showView();
-}
-
-void DetailsNotebookWidget::showView() {
-    wind_->setView(view_);
-    solar_->setView(view_);
-    wind_->setVisible(view_.showsWind());
-    solar_->setVisible(!view_.showsWind());
+void DetailsNotebookWidget::setView(const DetailsNotebookView& view) {
+    wind_->setView(view);
+    solar_->setView(view);
+    wind_->setVisible(view.showsWind());
+    solar_->setVisible(!view.showsWind());
 }
 
 void DetailsNotebookWidget::arrange() {
-    wind_->arrange(view_.arrangement());
-    solar_->arrange(view_.arrangement());
+    wind_->arrange(arrangementFor(horizontalSizeClass_));
+    solar_->arrange(arrangementFor(horizontalSizeClass_));
 }
 
 void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
     const auto sizeClass = width() < wind_->sideBySideWidth() ? HorizontalSizeClass::kCompact
                                                               : HorizontalSizeClass::kRegular;
-    if (view_.horizontalSizeClass != sizeClass) {
-        view_.horizontalSizeClass = sizeClass;
+    if (horizontalSizeClass_ != sizeClass) {
+        horizontalSizeClass_ = sizeClass;
         arrange();
         updateGeometry();
     }

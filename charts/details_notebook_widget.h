@@ -19,8 +19,8 @@ class DetailsNotebookWidget final : public QScrollArea {
     /// The pasteboard outlives the widget.
     explicit DetailsNotebookWidget(platform::Pasteboard& pasteboard, QWidget* parent = nullptr);
 
-    /// Repaints only what differs from the view shown. The size class is the widget's own.
-    void setView(DetailsNotebookView view);
+    /// Repaints only what differs from the view shown.
+    void setView(const DetailsNotebookView& view);
 
     /// The height of the taller of the two analyses, so that nothing moves when the tab changes; no
     /// more than leaves room for what stands above the panel.
@@ -32,10 +32,9 @@ class DetailsNotebookWidget final : public QScrollArea {
     void resizeEvent(QResizeEvent* event) override;
 
  private:
-    void showView();
     void arrange();
 
-    DetailsNotebookView view_;
+    std::optional<HorizontalSizeClass> horizontalSizeClass_;
     WindDetailsWidget* wind_;
     SolarDetailsWidget* solar_;
 };
