@@ -34,6 +34,8 @@ MainScreen::MainScreen(const Services& services, QWidget* parent)
     details_->setMinimumWidth(kNarrowestDetails);
     addWidget(sidebar_);
     addWidget(details_);
+    // A splitter lowers what it takes in, and screen readers read the lowest first.
+    sidebar_->lower();
     setStretchFactor(0, 0);
     setStretchFactor(1, 1);
 

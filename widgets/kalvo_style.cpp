@@ -232,6 +232,8 @@ int KalvoStyle::pixelMetric(PixelMetric metric,
         // Room for the ring of a page that scrolls with the keyboard.
         case PM_DefaultFrameWidth:
             return qobject_cast<const QScrollArea*>(widget) != nullptr ? 2 : 1;
+        case PM_ToolTipLabelFrameWidth:
+            return 6;
         case PM_MenuVMargin:
             return 4;
         case PM_MenuBarHMargin:

@@ -59,10 +59,9 @@ ButtonColors buttonColors(const QStyleOptionButton& button, const QWidget* widge
     return {fill, theme.fieldBorder, theme.text};
 }
 
-QFont buttonFont(const QStyleOptionButton& button, const QWidget* widget, bool filled) {
+QFont buttonFont(const QWidget* widget, bool filled) {
     QFont font = widget != nullptr ? widget->font() : QApplication::font();
-    font.setWeight(filled || !button.text.isEmpty() ? (filled ? QFont::DemiBold : QFont::Medium)
-                                                    : QFont::Normal);
+    font.setWeight(filled ? QFont::DemiBold : QFont::Medium);
     return font;
 }
 
@@ -88,7 +87,7 @@ bool showsFocus(const QStyleOption& option) {
 
 QSize buttonSize(const QStyleOptionButton& button, const QWidget* widget) {
     // A toggle keeps its size when it is switched on, which makes its text bolder.
-    const QFontMetrics metrics(buttonFont(button, widget, true));
+    const QFontMetrics metrics(buttonFont(widget, true));
     const int padding = button.text.isEmpty() ? kButtonPadding - 4 : kButtonPadding;
     const int height = metrics.height() < kFullSizeText ? kSmallButtonHeight : kControlHeight;
     return {labelWidth(button, metrics) + 2 * padding, height + kShadowHeight};
@@ -110,7 +109,7 @@ void paintButtonBox(const QStyleOptionButton& button, QPainter& painter, const Q
 
 void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget) {
     painter.save();
-    const QFont font = buttonFont(button, widget, isFilled(button, widget));
+    const QFont font = buttonFont(widget, isFilled(button, widget));
     painter.setFont(font);
     painter.setPen(buttonColors(button, widget).text);
     const QRect box = button.rect.adjusted(0, 0, 0, -kShadowHeight);
