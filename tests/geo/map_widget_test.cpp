@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QSignalSpy>
@@ -119,7 +121,8 @@ TEST_F(MapWidgetTest, PinchesOnATouchpadAddUp) {
 }
 
 TEST_F(MapWidgetTest, TheMapSticksToTheFingersOnATouchScreen) {
-    auto touch = QTest::touchEvent(&map_, QTest::createTouchDevice(), false);
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    auto touch = QTest::touchEvent(&map_, screen.get(), false);
     touch.press(0, {54, 64}).commit();
     touch.move(0, {59, 66}).commit();
     EXPECT_EQ(offset(), (Size{5, 2}));
