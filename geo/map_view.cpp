@@ -140,6 +140,8 @@ std::string MapView::summary() const {
     return text;
 }
 
+platform::Color mapGroundColor() { return kBackground; }
+
 bool showTheSame(const MapView& a, const MapView& b) {
     return a.mapType == b.mapType && a.geoData == b.geoData &&
            a.selectedRegion == b.selectedRegion && a.selectedProvince == b.selectedProvince &&

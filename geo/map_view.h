@@ -45,6 +45,9 @@ struct MapView {
     [[nodiscard]] std::string summary() const;
 };
 
+/// The colour of the paper that a map is drawn on.
+[[nodiscard]] platform::Color mapGroundColor();
+
 /// Whether two maps show the same apart from zoom and pan.
 [[nodiscard]] bool showTheSame(const MapView& a, const MapView& b);
 

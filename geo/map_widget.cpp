@@ -100,6 +100,9 @@ void MapWidget::updatePicture() {
     if (picture_.size() != pictureSize || picture_.devicePixelRatio() != pixels) {
         picture_ = QPixmap(pictureSize);
         picture_.setDevicePixelRatio(pixels);
+        // At a fractional scale the map ends within the last row of pixels, whose rest shows too.
+        const platform::Color ground = mapGroundColor();
+        picture_.fill(QColor::fromRgbF(float(ground.red), float(ground.green), float(ground.blue)));
         pictured_.reset();
     }
     if (const auto shift = pictureShift()) {
