@@ -76,19 +76,13 @@ TEST(SearchDecoder, GivesNoPlacesForOtherAnswers) {
 }
 
 TEST(SortByDistance, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
-    std::vector places{placeAt("2.25 away", 45.0, 10.5), placeAt("1 north", 46.0, 9.0),
-                       placeAt("1 south", 44.0, 9.0), placeAt("here", 45.0, 9.0)};
-    sortByDistance(places, 45.0, 9.0);
-    EXPECT_THAT(names(places), ElementsAre("here", "1 north", "1 south", "2.25 away"));
-}
-
-TEST(SortByDistance, KnowsNeitherTheDateLineNorMeridiansThatConverge) {
+    // On plain degrees: a meridian's convergence or the date line would put the last one second.
     std::vector places{placeAt("across the date line", 80.0, -179.0),
-                       placeAt("30 degrees of longitude", 80.0, 149.0),
-                       placeAt("29 degrees of latitude", 51.0, 179.0)};
+                       placeAt("1.5 east", 80.0, 180.5), placeAt("1 north", 81.0, 179.0),
+                       placeAt("1 south", 79.0, 179.0), placeAt("here", 80.0, 179.0)};
     sortByDistance(places, 80.0, 179.0);
-    EXPECT_THAT(names(places), ElementsAre("29 degrees of latitude", "30 degrees of longitude",
-                                           "across the date line"));
+    EXPECT_THAT(names(places),
+                ElementsAre("here", "1 north", "1 south", "1.5 east", "across the date line"));
 }
 
 TEST(MeteoblueSearchResult, HashesAndComparesByEveryField) {

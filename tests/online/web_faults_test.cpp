@@ -255,8 +255,6 @@ const std::vector<Fault> kFaults{
      kTransportFailure},
     {"RedirectsToPlainHttp", [](const auto&) { return TlsAnswer::redirect("http://127.0.0.1/"); },
      kTransportFailure},
-    {"RedirectsToAFile", [](const auto&) { return TlsAnswer::redirect("file:///etc/hostname"); },
-     kTransportFailure},
     {"SpeaksNoHttp", [](const auto& body) { return closing({.bytes = body}); }, kTransportFailure},
     {"SendsNothing", [](const auto&) { return TlsAnswer::ok(""); }, kUnreadable},
     {"SendsAnErrorPage",
@@ -265,9 +263,6 @@ const std::vector<Fault> kFaults{
      },
      kUnreadable},
     {"NestsDeeply",
-     [](const auto&) { return TlsAnswer::ok("{\"results\": " + std::string(100'000, '[')); },
-     kUnreadable},
-    {"NestsDeeplyAndCloses",
      [](const auto&) {
          return TlsAnswer::ok("{\"series\": " + std::string(100'000, '[') +
                               std::string(100'000, ']') + "}");
