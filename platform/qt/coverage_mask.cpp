@@ -1,6 +1,7 @@
 #include "platform/qt/coverage_mask.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 
@@ -16,6 +17,9 @@ constexpr int kOne = CoverageMask::kFull;
 using Lanes = std::int16_t __attribute__((vector_size(16)));
 using Cover = std::uint16_t __attribute__((vector_size(16)));
 using Halves = std::uint64_t __attribute__((vector_size(16)));
+
+/// Where a pixel's middle lies in it.
+constexpr float kMiddle = 0.5F;
 
 /// Pixels on each side of an edge on which the cover fades.
 constexpr float kFade = 0.5F;
@@ -35,6 +39,8 @@ std::uint64_t load(const std::uint16_t* from) {
     std::memcpy(&four, from, sizeof four);
     return four;
 }
+
+void store(std::uint64_t four, std::uint16_t* to) { std::memcpy(to, &four, sizeof four); }
 
 int fixed(float value) { return static_cast<int>(value * kOne); }
 
@@ -72,14 +78,31 @@ struct CoverageMask::Brush {
         : reach(width / 2 + kFade),
           reachLanes(all(fixed(reach))),
           mostAcross(all(std::min(fixed(width), kOne - 1))) {}
+
+    /// The cover of a pixel is that of a pixel-wide box at its middle, turned to lie square to each
+    /// edge in question: how far the box lies between the line's sides, times how far it lies past
+    /// the first cut and not yet past the second. Pieces that share a cut add up to a whole there.
+    [[nodiscard]] Cover cover(Lanes across, Lanes begun, Lanes ended) const {
+        const Lanes none{};
+        const Lanes one = all(kOne);
+        const Lanes within =
+            larger(smaller(reachLanes - larger(across, -across), mostAcross), none);
+        const Lanes past = larger(smaller(begun, one), none);
+        const Lanes beyond = larger(smaller(ended, one), none);
+        const Lanes between = larger(past - beyond, none);
+        // Both are at most one, and the first a little less: the product just fits.
+        return (__builtin_convertvector(within, Cover) * __builtin_convertvector(between, Cover) +
+                std::uint16_t{kOne / 2}) >>
+               8;
+    }
 };
 
 void CoverageMask::reset(int width, int height) {
     width_ = width;
     height_ = height;
     // Blocks may stick out to the right and below.
-    stride_ = static_cast<std::size_t>(width + kColumns);
-    cover_.assign(stride_ * static_cast<std::size_t>(height + kRows), 0);
+    stride_ = static_cast<std::size_t>(width) + kColumns;
+    cover_.assign(stride_ * (static_cast<std::size_t>(height) + kRows), 0);
 }
 
 void CoverageMask::add(std::span<const Vertex> line, float width) {
@@ -90,12 +113,13 @@ void CoverageMask::add(std::span<const Vertex> line, float width) {
     for (std::size_t i = 1; i < line.size(); ++i) pieces_.push_back(piece(line[i - 1], line[i]));
     for (std::size_t i = 1; i < pieces_.size(); ++i) join(pieces_[i - 1], pieces_[i], brush.reach);
     for (Piece& rest : pieces_) {
-        for (; rest.length > kLongestPiece; rest.length -= kLongestPiece) {
+        while (rest.length > kLongestPiece) {
             const Vertex between{rest.start.at.x + rest.direction.x * kLongestPiece,
                                  rest.start.at.y + rest.direction.y * kLongestPiece};
             const Cut cut{between, rest.direction, kFade};
             add({rest.start, cut, rest.direction, kLongestPiece}, brush);
             rest.start = cut;
+            rest.length -= kLongestPiece;
         }
         add(rest, brush);
     }
@@ -124,9 +148,6 @@ void CoverageMask::join(Piece& one, Piece& other, float reach) {
     one.end.beyond = other.start.beyond = (reach * sinHalf + kFade) * 2 * inverse;
 }
 
-/// The cover of a pixel is that of a pixel-wide box at its middle, turned to lie square to each
-/// edge in question: how far the box lies between the line's sides, times how far it lies past the
-/// first cut and not yet past the second. Pieces that share a cut add up to a whole there.
 void CoverageMask::add(const Piece& piece, const Brush& brush) {
     const Vertex along = piece.direction;
     const Vertex startTip{piece.start.at.x - piece.start.beyond * along.x,
@@ -135,22 +156,20 @@ void CoverageMask::add(const Piece& piece, const Brush& brush) {
                         piece.end.at.y + piece.end.beyond * along.y};
     const float sideX = brush.reach * std::abs(along.y);
     const float sideY = brush.reach * std::abs(along.x);
-    const int left = static_cast<int>(std::min(startTip.x, endTip.x) - sideX + 0.5F);
-    const int right = static_cast<int>(std::max(startTip.x, endTip.x) + sideX + 0.5F);
-    const int top = static_cast<int>(std::min(startTip.y, endTip.y) - sideY + 0.5F);
-    const int bottom = static_cast<int>(std::max(startTip.y, endTip.y) + sideY + 0.5F);
+    const int left = static_cast<int>(std::min(startTip.x, endTip.x) - sideX + kMiddle);
+    const int right = static_cast<int>(std::max(startTip.x, endTip.x) + sideX + kMiddle);
+    const int top = static_cast<int>(std::min(startTip.y, endTip.y) - sideY + kMiddle);
+    const int bottom = static_cast<int>(std::max(startTip.y, endTip.y) + sideY + kMiddle);
 
     const auto distanceFrom = [&](const Cut& cut, Vertex direction, float offset) {
         const float value =
-            dot(static_cast<float>(left) + 0.5F - cut.at.x,
-                static_cast<float>(top) + 0.5F - cut.at.y, direction.x, direction.y);
+            dot(static_cast<float>(left) + kMiddle - cut.at.x,
+                static_cast<float>(top) + kMiddle - cut.at.y, direction.x, direction.y);
         return Coordinate(value + offset, direction.x, direction.y);
     };
     Coordinate across = distanceFrom(piece.start, {-along.y, along.x}, 0);
     Coordinate begun = distanceFrom(piece.start, piece.start.direction, kFade);
     Coordinate ended = distanceFrom(piece.end, piece.end.direction, kFade);
-    const Lanes none{};
-    const Lanes one = all(kOne);
 
     const std::size_t blockRows = static_cast<std::size_t>(bottom - top + kRows - 1) / kRows;
     const std::size_t blockColumns =
@@ -163,21 +182,12 @@ void CoverageMask::add(const Piece& piece, const Brush& brush) {
         Lanes e = ended.here;
         std::uint16_t* upper = firstOfRow;
         for (std::size_t column = 0; column < blockColumns; ++column) {
-            const Lanes within =
-                larger(smaller(brush.reachLanes - larger(a, -a), brush.mostAcross), none);
-            const Lanes past = larger(smaller(b, one), none);
-            const Lanes beyond = larger(smaller(e, one), none);
-            const Lanes between = larger(past - beyond, none);
-            // Both are at most one, and not both of them one: the product just fits.
-            const Cover added =
-                (reinterpret_cast<Cover>(within) * reinterpret_cast<Cover>(between) +
-                 std::uint16_t{kOne / 2}) >>
-                8;
+            const Cover added = brush.cover(a, b, e);
             std::uint16_t* const lower = upper + stride_;
-            Halves sum{load(upper), load(lower)};
-            sum = reinterpret_cast<Halves>(reinterpret_cast<Cover>(sum) + added);
-            std::memcpy(upper, &sum[0], sizeof sum / 2);
-            std::memcpy(lower, &sum[1], sizeof sum / 2);
+            const auto sum = std::bit_cast<Halves>(
+                std::bit_cast<Cover>(Halves{load(upper), load(lower)}) + added);
+            store(sum[0], upper);
+            store(sum[1], lower);
             a += across.stepColumns;
             b += begun.stepColumns;
             e += ended.stepColumns;

@@ -22,6 +22,7 @@ class QtCanvas final : public Canvas {
     QtCanvas(QPainter& painter, Size size, ThinLines* thinLines = nullptr);
     QtCanvas(const QtCanvas&) = delete;
     QtCanvas& operator=(const QtCanvas&) = delete;
+    ~QtCanvas() override = default;
 
     void fillPath(const Path& path, const Color& color) override;
     void strokePath(const Path& path, const Stroke& stroke) override;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <optional>
+#include <span>
 
 #include <QImage>
 #include <QPaintEngine>
@@ -122,9 +123,9 @@ bool ThinLines::stroke(QPainter& painter,
     const std::optional<QRectF> bounds = boundsInside(lines.points, surface);
     if (!bounds) return false;
     const double margin = CoverageMask::margin(pixelWidth);
-    const QRect area =
-        toPixels.mapRect(*bounds).adjusted(-margin, -margin, margin, margin).toAlignedRect();
-    if (double{1} * area.width() * area.height() > kMostPixels) return false;
+    const QRectF covered = toPixels.mapRect(*bounds).adjusted(-margin, -margin, margin, margin);
+    if (covered.width() * covered.height() > kMostPixels) return false;
+    const QRect area = covered.toAlignedRect();
 
     // Whole words, so that a row can be looked through in them.
     mask_.reset((area.width() + kWord - 1) / kWord * kWord, area.height());
@@ -150,8 +151,9 @@ void ThinLines::blend(QPainter& painter, QPoint topLeft, const QColor& color) {
     for (int y = 0; y < mask_.height(); ++y, row += mask_.width()) {
         shadeRow(mask_.row(y), shades, row);
     }
-    const QImage picture(reinterpret_cast<const uchar*>(pixels_.data()), mask_.width(),
-                         mask_.height(), QImage::Format_ARGB32_Premultiplied);
+    const void* const bytes = pixels_.data();
+    const QImage picture(static_cast<const uchar*>(bytes), mask_.width(), mask_.height(),
+                         QImage::Format_ARGB32_Premultiplied);
     // In pixels of the device the painter need not scale.
     const QTransform world = painter.worldTransform();
     painter.setWorldTransform(painter.deviceTransform().inverted() * world);
