@@ -46,11 +46,9 @@ std::optional<engine::LatLon> GlobeProjection::invert(platform::Point point) con
     const double sinCenter = towards_.z;
     const double sinLat = std::clamp(y * cosCenter + z * sinCenter, -1.0, 1.0);
     const double lat = std::asin(sinLat);
-    const double cosLat = std::cos(lat);
     // At a pole every longitude is the same place: the centre's own is the natural one to name.
-    const bool isPole = std::abs(cosLat) <= 0.000001;
-    const double turn =
-        isPole ? 0 : std::atan2(x / cosLat, (z - sinCenter * sinLat) / (cosCenter * cosLat));
+    const bool isPole = std::cos(lat) <= 0.000001;
+    const double turn = isPole ? 0 : std::atan2(x, z * cosCenter - y * sinCenter);
     return engine::LatLon{toDegrees(lat), toDegrees(wrapped(centerLon_ + turn))};
 }
 

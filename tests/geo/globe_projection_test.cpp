@@ -89,6 +89,17 @@ TEST(GlobeProjectionTest, InvertsTheEdgesOfTheDisc) {
     EXPECT_NEAR(pole->lon, 40, 1e-9);
 }
 
+TEST(GlobeProjectionTest, InvertsAViewFromAbove) {
+    // With the pole in the middle, to the right is a quarter turn east, and below it lies the
+    // centre's own meridian.
+    const GlobeProjection projection = from(90, 40);
+    for (const auto& [point, lon] : {std::pair{Point{200, 100}, 130.0}, {Point{150, 120}, 40.0}}) {
+        const auto place = projection.invert(point);
+        ASSERT_TRUE(place);
+        EXPECT_NEAR(place->lon, lon, 1e-9);
+    }
+}
+
 TEST(GlobeProjectionTest, LongitudesComeBackIntoOneTurn) {
     struct Case {
         double centerLon;  // radians
