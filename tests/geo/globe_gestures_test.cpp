@@ -73,16 +73,6 @@ TEST(GlobeGesturesTest, DraggingStopsBeforeThePoles) {
     }
 }
 
-TEST(GlobeGesturesTest, AnArrowKeyTurnsLikeADrag) {
-    GlobeView view = globe();
-    GlobeView::Time now = view.lastDragTime;
-    turn(view, 0.1, 0.2, now);
-    EXPECT_EQ(view.centerLat, 0.1);
-    EXPECT_EQ(view.centerLon, 0.2);
-    EXPECT_EQ(turned(view, now, 4s), 0);
-    EXPECT_GT(turned(view, now, 1s), 0);
-}
-
 TEST(GlobeGesturesTest, APausedGlobeStaysUntilItIsStartedAgain) {
     GlobeView view = globe();
     GlobeView::Time now = view.lastDragTime;

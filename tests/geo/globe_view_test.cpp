@@ -104,7 +104,7 @@ TEST(GlobeViewTest, LinesEndALittleBehindTheRim) {
 TEST(GlobeViewTest, AHiddenStretchCutsALineInTwo) {
     // In sight, behind, in sight again: the last point starts a line of its own.
     const std::vector<CountryRing> rings{
-        {{0, 0}, {10, 0}, {0, 180}, {0, 10}, {0, 20}}, {}, {{0, 180}}, {{5, 5}}};
+        {{0, 0}, {10, 0}, {0, 180}, {0, 10}, {0, 20}}, {}, {{0, 180}}, {{5, 5}, {0, 1.7e308}}};
     const LineBatch lines = outlinesOf(drawn(viewFrom(0, 0), rings));
     EXPECT_EQ(lines.starts, (std::vector<std::size_t>{0, 2, 4}));
     EXPECT_EQ(lines.points.size(), 5u);

@@ -17,9 +17,7 @@ struct PaintedAreas final : QObject {
     std::vector<QRect> list;
 
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) {
-            list.push_back(static_cast<QPaintEvent*>(event)->rect());
-        }
+        if (const auto* paint = dynamic_cast<QPaintEvent*>(event)) list.push_back(paint->rect());
         return false;
     }
 };
@@ -97,6 +95,24 @@ TEST_F(GlobeWidgetTest, KeysTurnTapAndPause) {
     EXPECT_NEAR(taps_[0].lon, 5, 1e-9);
     QTest::keyClick(&globe_, Qt::Key_Space);
     EXPECT_TRUE(QTest::qWaitFor([this] { return moves_ > 6; }, 2000));
+}
+
+TEST_F(GlobeWidgetTest, ShowsItsFocusToWhoeverUsesTheKeyboard) {
+    showStill();
+    const auto hasRing = [this] {
+        return globe_.grab().toImage().pixelColor(115, 2).green() > 150;
+    };
+    EXPECT_TRUE(hasRing());
+    QTest::mouseClick(&globe_, Qt::LeftButton, {}, {20, 115});
+    EXPECT_FALSE(hasRing());
+    QTest::keyClick(&globe_, Qt::Key_F5);
+    EXPECT_FALSE(hasRing());
+    QTest::keyClick(&globe_, Qt::Key_Left);
+    EXPECT_TRUE(hasRing());
+    globe_.clearFocus();
+    EXPECT_FALSE(hasRing());
+    globe_.setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(hasRing());
 }
 
 TEST_F(GlobeWidgetTest, TurnsOnlyWhileItIsShown) {
