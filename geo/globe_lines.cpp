@@ -1,7 +1,6 @@
 #include "geo/globe_lines.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace kalvo::geo {
@@ -83,7 +82,8 @@ void GlobeLines::projectPart(const Line& line,
     bool joined = false;
     for (std::size_t i = line.begin; i < line.end; ++i) {
         const auto [point, cosDistance] = projection.project({x_[i], y_[i], z_[i]});
-        if (cosDistance < kVisibleFrom) {
+        // What is not a number is nowhere to be seen.
+        if (!(cosDistance >= kVisibleFrom)) {
             joined = false;
             continue;
         }

@@ -186,7 +186,15 @@ void GlobeWidget::showEvent(QShowEvent* event) {
         view_.lastDragTime = now();
         if (!hasCountries_) scene_.reset();
     }
-    timer_.start(kGlobeTick.count(), Qt::PreciseTimer, this);
+    runTimer();
+}
+
+void GlobeWidget::runTimer() {
+    if (view_.isPaused) {
+        timer_.stop();
+    } else {
+        timer_.start(kGlobeTick.count(), Qt::PreciseTimer, this);
+    }
 }
 
 void GlobeWidget::hideEvent(QHideEvent*) { timer_.stop(); }
@@ -205,6 +213,8 @@ void GlobeWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void GlobeWidget::mouseMoveEvent(QMouseEvent* event) {
+    // The release of a press may have gone elsewhere.
+    if (!(event->buttons() & Qt::LeftButton)) return;
     const auto time = now();
     const auto drag = pointer_.move(pointOf(*event), time);
     if (!drag) return;
@@ -220,7 +230,6 @@ void GlobeWidget::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void GlobeWidget::keyPressEvent(QKeyEvent* event) {
-    setFocusRing(true);
     const auto turnBy = [this](double lat, double lon) {
         turn(view_, lat, lon, now());
         centerMoved();
@@ -240,6 +249,7 @@ void GlobeWidget::keyPressEvent(QKeyEvent* event) {
             break;
         case Qt::Key_Space:
             togglePause(view_);
+            runTimer();
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -247,15 +257,22 @@ void GlobeWidget::keyPressEvent(QKeyEvent* event) {
             break;
         default:
             QWidget::keyPressEvent(event);
+            return;
     }
+    setFocusRing(true);
 }
 
 void GlobeWidget::focusInEvent(QFocusEvent* event) {
     setFocusRing(event->reason() == Qt::TabFocusReason ||
-                 event->reason() == Qt::BacktabFocusReason);
+                 event->reason() == Qt::BacktabFocusReason ||
+                 (event->reason() == Qt::ActiveWindowFocusReason && ringAwaitsWindow_));
 }
 
-void GlobeWidget::focusOutEvent(QFocusEvent*) { setFocusRing(false); }
+void GlobeWidget::focusOutEvent(QFocusEvent* event) {
+    // A window that becomes active again goes on where it was left.
+    ringAwaitsWindow_ = event->reason() == Qt::ActiveWindowFocusReason && hasFocusRing_;
+    setFocusRing(false);
+}
 
 void GlobeWidget::centerMoved() {
     if (onCenterChanged) onCenterChanged(view_.centerLat, view_.centerLon);

@@ -84,6 +84,7 @@ class GlobeWidget final : public QWidget {
     /// Draws the ground anew if it is not that of the present view, at so many pixels a point.
     void keepGround(double scale);
     void press(const QMouseEvent& event, GlobePointer::Press kind);
+    void runTimer();
     /// After the globe has turned: tells the new centre and paints it.
     void centerMoved();
     void setFocusRing(bool shown);
@@ -99,6 +100,7 @@ class GlobeWidget final : public QWidget {
     platform::Size hintSize_{};
     platform::Size labelSize_{};
     bool hasFocusRing_ = false;
+    bool ringAwaitsWindow_ = false;
 };
 
 }  // namespace kalvo::geo
