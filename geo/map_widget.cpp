@@ -145,7 +145,7 @@ void MapWidget::paintEvent(QPaintEvent*) {
     updatePicture();
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture_);
-    if (!hasFocusRing_) return;
+    if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange)) return;
     platform::QtCanvas canvas(painter, viewSize());
     canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
                              {platform::Color::hex("#0b7a53"), 1.6});
@@ -253,7 +253,6 @@ void MapWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void MapWidget::mousePressEvent(QMouseEvent* event) {
-    setFocusRing(false);
     if (event->button() != Qt::LeftButton) return;
     // The release of an earlier press may have gone to a window that opened over this one.
     dragEnded(view_.gestures);
@@ -278,7 +277,6 @@ void MapWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void MapWidget::keyPressEvent(QKeyEvent* event) {
-    setFocusRing(true);
     const auto zoom = [this](double factor) {
         const platform::Point centre{viewSize().width / 2, viewSize().height / 2};
         apply([&](MapGestures& map) { zoomBy(map, factor, centre, viewSize()); });
@@ -312,19 +310,6 @@ void MapWidget::keyPressEvent(QKeyEvent* event) {
         default:
             QWidget::keyPressEvent(event);
     }
-}
-
-void MapWidget::focusInEvent(QFocusEvent* event) {
-    setFocusRing(event->reason() == Qt::TabFocusReason ||
-                 event->reason() == Qt::BacktabFocusReason);
-}
-
-void MapWidget::focusOutEvent(QFocusEvent*) { setFocusRing(false); }
-
-void MapWidget::setFocusRing(bool shown) {
-    if (hasFocusRing_ == shown) return;
-    hasFocusRing_ = shown;
-    update();
 }
 
 }  // namespace kalvo::geo

@@ -42,8 +42,6 @@ class MapWidget final : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
  private:
     [[nodiscard]] platform::Size viewSize() const;
@@ -62,7 +60,6 @@ class MapWidget final : public QWidget {
     void showToolTip(const QHelpEvent& event);
     bool pinch(const QNativeGestureEvent& event);
     void touch(const QTouchEvent& event);
-    void setFocusRing(bool shown);
 
     MapView view_;
     std::optional<MapScene> scene_;
@@ -70,7 +67,6 @@ class MapWidget final : public QWidget {
     std::optional<MapGestures> pictured_;  // the zoom and pan that the picture shows, if it does
     double nativeMagnification_ = 1;
     QPointF pressedAt_;
-    bool hasFocusRing_ = false;
 };
 
 }  // namespace kalvo::geo
