@@ -33,7 +33,9 @@ void KalvoStyle::unpolish(QApplication* application) {
 }
 
 bool KalvoStyle::eventFilter(QObject* object, QEvent* event) {
-    const auto isAlt = [event] { return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt; };
+    const auto isAlt = [event] {
+        return dynamic_cast<const QKeyEvent&>(*event).key() == Qt::Key_Alt;
+    };
     switch (event->type()) {
         case QEvent::MouseButtonPress:
             if (auto* widget = qobject_cast<QWidget*>(object)) {

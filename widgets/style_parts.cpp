@@ -65,10 +65,11 @@ QFont buttonFont(const QWidget* widget, bool filled) {
     return font;
 }
 
-int mnemonicFlag() {
-    return QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut) != 0
-               ? Qt::TextShowMnemonic
-               : Qt::TextHideMnemonic;
+/// How a line of text that may have a mnemonic is drawn.
+int lineFlags(Qt::Alignment alignment) {
+    const bool showsMnemonic = QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut) != 0;
+    return static_cast<int>(alignment) | Qt::TextSingleLine |
+           (showsMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
 }
 
 /// Width of the icon and text of a button, without padding.
@@ -121,8 +122,7 @@ void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const
         left += kIconSize + kIconGap;
     }
     painter.drawText(QRect(QPoint(left, box.y()), box.bottomRight()),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | mnemonicFlag(),
-                     button.text);
+                     lineFlags(Qt::AlignLeft | Qt::AlignVCenter), button.text);
     painter.restore();
 }
 
@@ -224,8 +224,7 @@ void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     painter.setPen(isSelected ? QColor(Qt::white) : isEnabled ? theme.text : theme.tertiaryText);
     const QRect room = item.rect.adjusted(kMenuPadding, 0, -kMenuPadding, 0);
     const QStringList parts = item.text.split(u'\t');
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | mnemonicFlag(),
-                     parts.first());
+    painter.drawText(room, lineFlags(Qt::AlignLeft | Qt::AlignVCenter), parts.first());
     if (parts.size() > 1) {
         if (!isSelected) painter.setPen(theme.tertiaryText);
         painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, parts[1]);
@@ -240,7 +239,7 @@ void paintMenuBarItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     if (isOpen) paintBox(painter, item.rect.adjusted(1, 3, -1, -3), 5, theme.track);
     painter.save();
     painter.setPen(item.state & QStyle::State_Enabled ? theme.text : theme.tertiaryText);
-    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextSingleLine | mnemonicFlag(), item.text);
+    painter.drawText(item.rect, lineFlags(Qt::AlignCenter), item.text);
     painter.restore();
 }
 

@@ -1,6 +1,7 @@
 #include "widgets/theme.h"
 
 #include <array>
+#include <memory>
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -153,7 +154,7 @@ void Theme::apply(const platform::Bundle& bundle) {
     const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
     chosenTheme() = dark ? darkTheme() : lightTheme();
     loadFonts(bundle);
-    QApplication::setStyle(new KalvoStyle);
+    QApplication::setStyle(std::make_unique<KalvoStyle>().release());
     QApplication::setPalette(palette(chosenTheme()));
     QApplication::setFont(font(FontStyle::kBody));
 }
