@@ -114,6 +114,9 @@ class World {
         session_.reset();
     }
 
+    /// Whether a request has arrived.
+    [[nodiscard]] bool hasAsked() const { return !server_.requests().empty(); }
+
     /// What came of the operation, in a word.
     [[nodiscard]] const std::string& outcome() const { return outcome_; }
 
@@ -366,7 +369,7 @@ TEST(ClosingTheWindow, EndsRequestsAtAnyMoment) {
             QCoreApplication::processEvents();
             ASSERT_EQ(world.outcome().empty(), !hasEnded);
             if (hasEnded) {
-                EXPECT_GT(moment, 5);
+                EXPECT_GT(moment, 1);
                 break;
             }
         }
@@ -375,11 +378,11 @@ TEST(ClosingTheWindow, EndsRequestsAtAnyMoment) {
 
 TEST(QuittingTheApplication, LeavesRequestsUnderWayUnfinished) {
     TlsServer::trustTestAuthority();
-    for (const int moment : {0, 1, 2, 3, 4}) {
+    for (const bool hasAsked : {false, true}) {
         World world(kName);
         world.answerAtFaultyPoint({.bytes = "HTTP/1.1 200 OK\r\n"});
         world.start();
-        ASSERT_FALSE(ended(world, moment));
+        ASSERT_TRUE(tests::runUntil([&] { return !hasAsked || world.hasAsked(); }));
         QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
         QCoreApplication::exec();
         EXPECT_EQ(world.outcome(), "");
