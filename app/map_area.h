@@ -10,8 +10,8 @@
 
 namespace kalvo::app {
 
-/// The globe while places are found online, else the chosen one of the three maps. Each of them
-/// keeps its own view: its centre, or its zoom and pan. Each covers the whole area.
+/// The globe while places are found online, else the chosen one of the three maps; each covers the
+/// whole area. The globe keeps its centre, a map that comes back is shown whole.
 class MapArea final : public QStackedWidget {
     Q_OBJECT
 
