@@ -5,7 +5,6 @@
 
 #include "app/kalvo_tresk_app.h"
 #include "app/makers_texts.h"
-#include "platform/qt/qt_http_session.h"
 #include "platform/qt/qt_pasteboard.h"
 #include "platform/qt/qt_workspace.h"
 #include "widgets/theme.h"
@@ -38,13 +37,10 @@ int main(int argc, char** argv) {
     const platform::Bundle& bundle = platform::Bundle::main();
     widgets::Theme::apply(bundle);
     platform::Diagnostics& diagnostics = platform::Diagnostics::standardOutput();
-    platform::QtHttpSession session;
-    online::MeteoblueScraper scraper(session, online::ServiceOrigins::publicServices(),
-                                     diagnostics);
     platform::QtPasteboard pasteboard;
     platform::QtWorkspace workspace;
     app::Kalvo_TreskApp kalvo({.parser = engine::LocationParser::shared(),
-                               .scraper = scraper,
+                               .scraper = online::MeteoblueScraper::shared(),
                                .pasteboard = pasteboard,
                                .diagnostics = diagnostics,
                                .bundle = bundle},

@@ -34,6 +34,9 @@ class MeteoblueScraper {
                      ServiceOrigins origins,
                      platform::Diagnostics& diagnostics);
 
+    /// The application's own instance, on the public services and Qt's HTTP.
+    [[nodiscard]] static MeteoblueScraper& shared();
+
     /// Places that match the text, in the site's order, or by distance from the click point
     /// (degrees) when both of its coordinates are given. An answer that cannot be read gives
     /// none; only a failed transport is a failure.
