@@ -80,9 +80,10 @@ void DetailColumn::resizeEvent(QResizeEvent* event) {
 }
 
 void DetailColumn::shareHeight() {
+    constexpr int kDivider = 1;
     const int pickers = map_->sizeHint().height() + analysis_->sizeHint().height() +
                         2 * (kMapPadding + kAnalysisPadding);
-    const int room = height() - pickers;
+    const int room = height() - pickers - kDivider;
     details_->setFixedHeight(std::max(0, std::min(details_->heightForWidth(width()), room / 2)));
 }
 

@@ -275,6 +275,7 @@ void SidebarWidget::fitMargins() {
     // The scroll bar stands in the margin, so that it does not push the controls aside.
     const int bar = width() - viewport()->width();
     column_->setContentsMargins(kPadding, kPadding, kPadding - bar, kPadding);
+    column_->activate();
 }
 
 }  // namespace kalvo::app

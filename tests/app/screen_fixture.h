@@ -10,6 +10,7 @@
 #include "app/kalvo_tresk_app.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/scripted_session.h"
+#include "widgets/theme.h"
 
 namespace kalvo::app {
 
@@ -43,6 +44,11 @@ inline QString nameOf(QWidget* widget) {
 /// The application with the data it ships with, one window open, and a network that answers from
 /// a script.
 class ScreenTest : public testing::Test {
+ public:
+    static void SetUpTestSuite() {
+        widgets::Theme::apply(platform::Bundle(KALVO_SOURCE_DIR "/resources"));
+    }
+
  protected:
     ScreenTest() : window(application.openWindow()) {
         QApplication::setActiveWindow(window);
