@@ -32,12 +32,6 @@ bool isYearOfSky(const engine::SolarData& sky) {
            sky.precip.size() == 12;
 }
 
-bool listsOnlyPlacesOfTheCatalogue(const app::ContentView& state) {
-    return std::all_of(
-        state.filteredLocationNames.begin(), state.filteredLocationNames.end(),
-        [&](const std::string& label) { return state.allLocations.find(label) != nullptr; });
-}
-
 }  // namespace
 
 std::string faultOf(const app::ContentView& state, bool requestsUnderWay) {
@@ -56,10 +50,6 @@ std::string faultOf(const app::ContentView& state, bool requestsUnderWay) {
         return "the globe is turned beyond a pole";
     }
     if (!std::isfinite(state.globeCenterLon)) return "the globe is turned to no longitude";
-    if (state.selectedCountry != app::kOnlineCountry && !listsOnlyPlacesOfTheCatalogue(state) &&
-        state.onlineSearchResults.empty()) {
-        return "the list offers a place that nobody knows";
-    }
     if (state.resultText != "Inserisci una quantità valida." &&
         state.resultText != "Seleziona una località valida." &&
         !state.resultText.starts_with("Produzione Lorda: ") && !state.resultText.empty()) {
