@@ -1,27 +1,12 @@
-#include <cmath>
-
 #include <gtest/gtest.h>
 
 #include "geo/globe_projection.h"
 #include "geo/globe_widget.h"
 #include "tests/geo/plain_globe.h"
+#include "tests/support/pictures.h"
 
 namespace kalvo::geo {
 namespace {
-
-/// The mean difference of a color component, of 255.
-double meanDifference(const QImage& one, const QImage& other) {
-    double sum = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const QColor a = one.pixelColor(x, y);
-            const QColor b = other.pixelColor(x, y);
-            sum += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
-                   std::abs(a.blue() - b.blue());
-        }
-    }
-    return sum / 3 / one.width() / one.height();
-}
 
 TEST(GlobePictureTest, LooksLikeTheStraightforwardDrawing) {
     struct Case {
@@ -43,7 +28,7 @@ TEST(GlobePictureTest, LooksLikeTheStraightforwardDrawing) {
         for (QImage* image : {&expected, &picture}) {
             QPainter(image).fillRect(0, 0, 250, 40, Qt::black);
         }
-        EXPECT_LT(meanDifference(picture, expected), 0.4)
+        EXPECT_LT(tests::difference(picture, expected).mean, 0.4)
             << "scale " << c.scale << " from " << c.lat << " " << c.lon;
     }
 }
@@ -63,7 +48,8 @@ TEST(GlobePictureTest, WhatIsKeptFitsTheNextPicture) {
     // The corners of the parallels stay where they were, a tenth of a point from where they would
     // be now.
     globe.setCenter(0.5, 2);
-    EXPECT_LT(meanDifference(globe.grab().toImage(), fresh(0.5, 2, plain::kViewSize)), 0.02);
+    EXPECT_LT(tests::difference(globe.grab().toImage(), fresh(0.5, 2, plain::kViewSize)).mean,
+              0.02);
     for (const QSize size : {QSize(300, 400), QSize(301, 400), QSize(970, 300)}) {
         globe.resize(size);
         EXPECT_EQ(globe.grab().toImage(), fresh(0.5, 2, size));

@@ -6,10 +6,13 @@
 #include <limits>
 
 #include <gtest/gtest.h>
-#include <QImage>
+
+#include "tests/support/pictures.h"
 
 namespace kalvo::platform {
 namespace {
+
+using tests::darkness;
 
 constexpr Size kSize{100, 80};
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -19,10 +22,7 @@ using Drawing = std::function<void(Canvas&)>;
 /// What a drawing looks like on white paper. `reach` is how far around the view the canvas takes
 /// the surface to go: with a large one nothing of an ordinary drawing is cut before painting.
 QImage picture(const Drawing& drawing, int scale = 1, double reach = 0) {
-    QImage image(scale * static_cast<int>(kSize.width), scale * static_cast<int>(kSize.height),
-                 QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::white);
+    QImage image = tests::paper({100, 80}, scale);
     QPainter painter(&image);
     painter.translate(-reach, -reach);
     QtCanvas canvas(painter, {kSize.width + 2 * reach, kSize.height + 2 * reach});
@@ -31,21 +31,12 @@ QImage picture(const Drawing& drawing, int scale = 1, double reach = 0) {
     return image;
 }
 
-int darkness(const QImage& image, int x, int y) { return 255 - qGray(image.pixel(x, y)); }
-
-/// The largest difference of any pixel's gray value.
-int difference(const QImage& one, const QImage& other) {
-    int largest = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            largest = std::max(largest, std::abs(darkness(one, x, y) - darkness(other, x, y)));
-        }
-    }
-    return largest;
+int largestDifference(const QImage& one, const QImage& other) {
+    return tests::difference(one, other).largest;
 }
 
 bool isBlank(const QImage& image) {
-    return difference(image, picture([](Canvas&) {})) == 0;
+    return largestDifference(image, picture([](Canvas&) {})) == 0;
 }
 
 Drawing stroked(std::vector<Point> points, bool closed, double width = 3) {
@@ -64,7 +55,7 @@ TEST(QtCanvas, CutsOnlyWhatIsOutOfSight) {
     for (const auto& points : {zigzag, roundACorner, around}) {
         for (const Drawing& drawing :
              {stroked(points, false), stroked(points, true), filled(points)}) {
-            EXPECT_LE(difference(picture(drawing), picture(drawing, 1, 2000)), 2);
+            EXPECT_LE(largestDifference(picture(drawing), picture(drawing, 1, 2000)), 2);
         }
     }
     const Drawing shapes = [](Canvas& canvas) {
@@ -73,44 +64,47 @@ TEST(QtCanvas, CutsOnlyWhatIsOutOfSight) {
         canvas.strokeCircle({-20, 40}, 90, {kBlack, 2});
         canvas.fillWedge({{50, 40}, 300, 80, 95}, kBlack);
     };
-    EXPECT_LE(difference(picture(shapes), picture(shapes, 1, 2000)), 2);
+    EXPECT_LE(largestDifference(picture(shapes), picture(shapes, 1, 2000)), 2);
 }
 
 TEST(QtCanvas, EndlessGeometryKeepsItsPixelsAndItsPace) {
-    const auto upAt = [](double x) { return stroked({{x, 60}, {x, -1000}}, false); };
+    const auto wedge = [](double radius) {
+        return [=](Canvas& canvas) { canvas.fillWedge({{50, 40}, radius, 30, 45}, kBlack); };
+    };
+    const auto bar = [](double top) { return filled({{20, 60}, {20, top}, {50, top}, {50, 60}}); };
     for (const double endless : {1e7, 1e17, 1e300, 1e308, kInfinity}) {
         const auto start = std::chrono::steady_clock::now();
-        EXPECT_LE(
-            difference(picture(stroked({{30, 60}, {35, -endless}}, false)), picture(upAt(30))), 2)
-            << endless;
-        // Down to one end and up from the other: crosses at a hundredth of the way.
-        EXPECT_LE(difference(picture(stroked({{0, endless / 100}, {40, -endless}}, false)),
-                             picture(stroked({{40.0 / 101, 1000}, {40.0 / 101, -1000}}, false))),
-                  endless <= 1e300 ? 2 : 255)
-            << endless;
-        EXPECT_LE(difference(picture(filled({{20, 60}, {20, -endless}, {50, -endless}, {50, 60}})),
-                             picture(filled({{20, 60}, {20, -9}, {50, -9}, {50, 60}}))),
-                  0)
-            << endless;
-        EXPECT_LE(difference(picture([&](Canvas& canvas) {
-                                 canvas.fillWedge({{50, 40}, endless, 30, 45}, kBlack);
-                             }),
-                             picture([&](Canvas& canvas) {
-                                 canvas.fillWedge({{50, 40}, 500, 30, 45}, kBlack);
-                             })),
-                  2)
-            << endless;
-        EXPECT_EQ(darkness(picture([&](Canvas& canvas) {
-                               canvas.fillCircle({50, 40}, endless, kBlack);
-                           }),
-                           0, 0),
-                  255);
-        EXPECT_TRUE(isBlank(picture([&](Canvas& canvas) {
-            canvas.strokeCircle({50, 40}, endless, {kBlack, 2});
-            canvas.drawText("Roma", {endless, 40}, {8, false, kBlack});
-            canvas.fillRect({endless, 0, 10, 10}, kBlack);
-        })));
+        const struct {
+            Drawing endless;
+            Drawing ordinary;
+        } kCases[] = {
+            {stroked({{30, 60}, {35, -endless}}, false), stroked({{30, 60}, {30, -1000}}, false)},
+            {bar(-endless), bar(-9)},
+            {wedge(endless), wedge(500)},
+            {[=](Canvas& canvas) {
+                 canvas.fillCircle({50, 40}, endless, kBlack);
+             },
+             [](Canvas& canvas) {
+                 canvas.fillRect({0, 0, 100, 80}, kBlack);
+             }},
+            {[=](Canvas& canvas) {
+                 canvas.strokeCircle({50, 40}, endless, {kBlack, 2});
+                 canvas.drawText("Roma", {endless, 40}, {8, false, kBlack});
+                 canvas.fillRect({endless, 0, 10, 10}, kBlack);
+             },
+             [](Canvas&) {}},
+        };
+        for (const auto& [drawing, ordinary] : kCases) {
+            EXPECT_LE(largestDifference(picture(drawing), picture(ordinary)), 2) << endless;
+        }
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1)) << endless;
+        if (endless > 1e300) continue;
+        // Down to one end and up from the other: crosses at a hundredth of the way.
+        EXPECT_LE(
+            largestDifference(picture(stroked({{0, endless / 100}, {40, -endless}}, false)),
+                              picture(stroked({{40.0 / 101, 1000}, {40.0 / 101, -1000}}, false))),
+            2)
+            << endless;
     }
 }
 
@@ -126,43 +120,56 @@ TEST(QtCanvas, LeavesOutWhatIsNoNumber) {
         canvas.drawText("Roma", {nan, 40}, {8, false, kBlack});
         canvas.strokePath({{{{}, true}, {{{20, 20}}, true}}}, {kBlack, 2});
     })));
-    EXPECT_EQ(difference(picture(stroked({{10, 10}, {nan, 40}, {60, 60}}, false)),
-                         picture(stroked({{10, 10}, {60, 60}}, false))),
+    EXPECT_EQ(largestDifference(picture(stroked({{10, 10}, {nan, 40}, {60, 60}}, false)),
+                                picture(stroked({{10, 10}, {60, 60}}, false))),
               0);
 }
 
-TEST(QtCanvas, PaintsInPointsWithSoftEdges) {
-    const QImage image = picture([](Canvas& canvas) {
-        canvas.fillRect({10, 10.5, 20, 10}, kBlack);
-        canvas.fillRect({60, 30, 20, -10}, kBlack);  // hangs upward
-    });
-    EXPECT_NEAR(darkness(image, 15, 10), 128, 2);
-    EXPECT_EQ(darkness(image, 15, 11), 255);
-    EXPECT_NEAR(darkness(image, 15, 20), 128, 2);
-    EXPECT_EQ(darkness(image, 65, 25), 255);
+TEST(QtCanvas, PaintsTheRightPixels) {
     const Drawing halfPoint = [](Canvas& canvas) { canvas.fillRect({10, 10.5, 20, 10}, kBlack); };
-    EXPECT_EQ(darkness(picture(halfPoint, 2), 30, 20), 0);
-    EXPECT_EQ(darkness(picture(halfPoint, 2), 30, 21), 255);
-}
-
-TEST(QtCanvas, DashesInPoints) {
-    const QImage image = picture([](Canvas& canvas) {
+    const Drawing hanging = [](Canvas& canvas) { canvas.fillRect({60, 30, 20, -10}, kBlack); };
+    const Drawing dashes = [](Canvas& canvas) {
         canvas.strokePath({{{{{10, 40}, {90, 40}}, false}}}, {kBlack, 4, {6, 2}});
-    });
-    for (const auto& [x, dark] : {std::pair{9, 0}, {10, 255}, {15, 255}, {16, 0}, {18, 255}}) {
-        EXPECT_EQ(darkness(image, x, 39), dark) << x;
+    };
+    // Bearings count clockwise from north.
+    const Drawing wedge = [](Canvas& canvas) { canvas.fillWedge({{50, 40}, 30, 80, 190}, kBlack); };
+    const Drawing clipped = [](Canvas& canvas) {
+        canvas.save();
+        canvas.translate(50, 40);
+        canvas.scale(2);
+        canvas.clipRoundedRect({-10, -10, 20, 20}, 6);
+        canvas.fillRect({-1000, -1000, 2000, 2000}, kBlack);
+        canvas.restore();
+        canvas.fillRect({0, 0, 5, 5}, kBlack);
+    };
+    struct Pixel {
+        int x;
+        int y;
+        int dark;
+    };
+    const struct {
+        const char* name;
+        QImage image;
+        std::vector<Pixel> pixels;
+    } kCases[] = {
+        {"soft edges", picture(halfPoint), {{15, 10, 128}, {15, 11, 255}, {15, 20, 128}}},
+        {"finer pixels", picture(halfPoint, 2), {{30, 20, 0}, {30, 21, 255}}},
+        {"a height below zero", picture(hanging), {{65, 25, 255}}},
+        {"dashes",
+         picture(dashes),
+         {{9, 39, 0}, {10, 39, 255}, {15, 39, 255}, {16, 39, 0}, {18, 39, 255}}},
+        {"from east to south",
+         picture(wedge),
+         {{70, 40, 255}, {50, 60, 255}, {50, 20, 0}, {30, 40, 0}, {83, 40, 0}}},
+        {"a round clip",
+         picture(clipped),
+         {{50, 40, 255}, {50, 21, 255}, {50, 18, 0}, {31, 21, 0}, {2, 2, 255}}},
+    };
+    for (const auto& [name, image, pixels] : kCases) {
+        for (const auto& [x, y, dark] : pixels) {
+            EXPECT_NEAR(darkness(image, x, y), dark, 2) << name << " at " << x << ", " << y;
+        }
     }
-}
-
-TEST(QtCanvas, CountsBearingsClockwiseFromNorth) {
-    const QImage image = picture([](Canvas& canvas) {
-        canvas.fillWedge({{50, 40}, 30, 80, 190}, kBlack);
-    });
-    EXPECT_EQ(darkness(image, 70, 40), 255);  // east
-    EXPECT_EQ(darkness(image, 50, 60), 255);  // south
-    EXPECT_EQ(darkness(image, 50, 20), 0);
-    EXPECT_EQ(darkness(image, 30, 40), 0);
-    EXPECT_EQ(darkness(image, 83, 40), 0);  // beyond the radius
 }
 
 TEST(QtCanvas, CentresTextOnItsPoint) {
@@ -183,23 +190,6 @@ TEST(QtCanvas, CentresTextOnItsPoint) {
     EXPECT_NEAR(ink.center().y(), 40, 3);
     EXPECT_GT(ink.height(), 10);
     EXPECT_GT(inkOf(true).width(), ink.width());
-}
-
-TEST(QtCanvas, ClipsBetweenSaveAndRestore) {
-    const QImage image = picture([](Canvas& canvas) {
-        canvas.save();
-        canvas.translate(50, 40);
-        canvas.scale(2);
-        canvas.clipRoundedRect({-10, -10, 20, 20}, 6);
-        canvas.fillRect({-1000, -1000, 2000, 2000}, kBlack);
-        canvas.restore();
-        canvas.fillRect({0, 0, 5, 5}, kBlack);
-    });
-    EXPECT_EQ(darkness(image, 50, 40), 255);
-    EXPECT_EQ(darkness(image, 50, 21), 255);
-    EXPECT_EQ(darkness(image, 50, 18), 0);
-    EXPECT_EQ(darkness(image, 31, 21), 0);  // cut by the round corner
-    EXPECT_EQ(darkness(image, 2, 2), 255);
 }
 
 }  // namespace

@@ -3,19 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <vector>
 
-#include <QImage>
 #include <QPainter>
+
+#include "tests/support/pictures.h"
 
 namespace kalvo::platform {
 namespace {
 
+using tests::darkness;
+
 template <class Paint>
 QImage picture(Paint paint) {
-    QImage image(100, 100, QImage::Format_RGB32);
-    image.fill(Qt::white);
+    QImage image = tests::paper({100, 100});
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     paint(painter);
@@ -42,18 +43,6 @@ QImage strokedByQt(const VisibleRun& line, double width) {
     });
 }
 
-int darkness(const QImage& image, int x, int y) { return 255 - qGray(image.pixel(x, y)); }
-
-double meanDifference(const QImage& one, const QImage& other) {
-    double sum = 0;
-    for (int y = 0; y < 100; ++y) {
-        for (int x = 0; x < 100; ++x) {
-            sum += std::abs(darkness(one, x, y) - darkness(other, x, y));
-        }
-    }
-    return sum / 10'000;
-}
-
 TEST(StrokeOutline, PaintsWhatQPainterStrokes) {
     VisibleRun jaggedCoast{{}, true};
     for (int i = 0; i < 300; ++i) {
@@ -70,34 +59,31 @@ TEST(StrokeOutline, PaintsWhatQPainterStrokes) {
              {{{50, 50}, {53, 50}, {52, 54}}, true},  // smaller than the line is wide
              jaggedCoast}) {
         for (const double width : {1.5, 3.0, 12.0}) {
-            EXPECT_LT(meanDifference(outlined(line, width), strokedByQt(line, width)), 0.5)
+            EXPECT_LT(tests::difference(outlined(line, width), strokedByQt(line, width)).mean, 0.5)
                 << line.points.size() << " points, " << width << " wide";
         }
     }
 }
 
-TEST(StrokeOutline, CutsOffMitersOfMoreThanTenWidths) {
-    // The lines meet at 12 and at 9 degrees: miters of 9.6 and of 12.5 widths.
-    const auto tip = [](double halfHeight) {
-        return outlined({{{10, 50 - halfHeight}, {50, 50}, {10, 50 + halfHeight}}, false}, 4);
+TEST(StrokeOutline, EndsWhereItShould) {
+    // The lines of the two tips meet at 12 and at 9 degrees: miters of 9.6 and of 12.5 widths,
+    // of which the second is cut off.
+    const QImage tip = outlined({{{10, 45.8}, {50, 50}, {10, 54.2}}, false}, 4);
+    const QImage sharperTip = outlined({{{10, 46.8}, {50, 50}, {10, 53.2}}, false}, 4);
+    const QImage turningBack = outlined({{{20, 50}, {60, 50}, {20, 50}}, false}, 6);
+    const QImage ofOnePoint = outlined({{{20, 20}, {20, 20}}, true}, 6);
+    const struct {
+        const QImage& image;
+        QPoint at;
+        int dark;
+    } kCases[] = {
+        {tip, {60, 50}, 255},       {sharperTip, {55, 50}, 0},  {turningBack, {58, 50}, 255},
+        {turningBack, {62, 50}, 0}, {turningBack, {18, 50}, 0}, {turningBack, {40, 48}, 255},
+        {turningBack, {40, 54}, 0}, {ofOnePoint, {20, 20}, 0},
     };
-    EXPECT_GT(darkness(tip(4.2), 60, 50), 200);
-    EXPECT_EQ(darkness(tip(3.2), 55, 50), 0);
-}
-
-TEST(StrokeOutline, ALineThatTurnsBackEndsWhereItTurns) {
-    const QImage image = outlined({{{20, 50}, {60, 50}, {20, 50}}, false}, 6);
-    EXPECT_EQ(darkness(image, 58, 50), 255);
-    EXPECT_EQ(darkness(image, 62, 50), 0);
-    EXPECT_EQ(darkness(image, 18, 50), 0);
-    EXPECT_EQ(darkness(image, 40, 48), 255);
-    EXPECT_EQ(darkness(image, 40, 54), 0);
-}
-
-TEST(StrokeOutline, NothingIsMadeOfASinglePoint) {
-    QPainterPath outline;
-    appendStrokeOutline({{{20, 20}, {20, 20}}, true}, 6, outline);
-    EXPECT_TRUE(outline.isEmpty());
+    for (const auto& [image, at, dark] : kCases) {
+        EXPECT_NEAR(darkness(image, at.x(), at.y()), dark, 50) << at.x() << ", " << at.y();
+    }
 }
 
 }  // namespace

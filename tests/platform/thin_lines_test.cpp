@@ -3,13 +3,12 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
-#include <random>
 
 #include <gtest/gtest.h>
-#include <QImage>
 #include <QPainterPath>
 
 #include "platform/qt/qt_canvas.h"
+#include "tests/support/pictures.h"
 
 namespace kalvo::platform {
 namespace {
@@ -61,33 +60,6 @@ TEST(CoverageMaskTest, LevelAndUprightLinesCoverWhatTheyCover) {
     }
 }
 
-TEST(CoverageMaskTest, ABentLineCoversItsLengthTimesItsWidth) {
-    const unsigned seed = std::random_device{}();
-    SCOPED_TRACE(testing::Message() << "seed " << seed);
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<float> turn(-0.3F, 0.3F);
-    std::uniform_real_distribution<float> step(1.5F, 4);
-    double sumOfRatios = 0;
-    constexpr int kLines = 400;
-    for (int i = 0; i < kLines; ++i) {
-        Vertices line{{20, 20}};
-        float direction = 10 * turn(random);
-        double length = 0;
-        for (int leg = 0; leg < 4; ++leg) {
-            const float s = step(random);
-            line.push_back(
-                {line.back().x + s * std::cos(direction), line.back().y + s * std::sin(direction)});
-            direction += turn(random);
-            length += double(s);
-        }
-        const double ratio = Covers(line, 1.2F).sum() / (length * 1.2);
-        EXPECT_NEAR(ratio, 1, 0.1);
-        sumOfRatios += ratio;
-    }
-    // Each depends a little on how it lies on the pixels; a seam or a knot would be in all.
-    EXPECT_NEAR(sumOfRatios / kLines, 1, 0.01);
-}
-
 TEST(CoverageMaskTest, ACornerIsMitredAndAHairpinIsNot) {
     // The outer corner of a right angle is filled; a spike would reach far beyond a hairpin.
     const Covers corner({{10, 20}, {20, 20}, {20, 30}}, 4);
@@ -101,16 +73,9 @@ TEST(CoverageMaskTest, ACornerIsMitredAndAHairpinIsNot) {
 
 constexpr QSize kSize(120, 90);
 
-QImage paper(double scale) {
-    QImage image(kSize * scale, QImage::Format_RGB32);
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::white);
-    return image;
-}
-
 /// The lines as the painter itself strokes them.
 QImage painted(const LineBatch& lines, double width, double scale, const QTransform& transform) {
-    QImage image = paper(scale);
+    QImage image = tests::paper(kSize, scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setTransform(transform);
@@ -132,7 +97,7 @@ QImage painted(const LineBatch& lines, double width, double scale, const QTransf
 
 /// The lines as the canvas strokes them.
 QImage drawn(const LineBatch& lines, double width, double scale, const QTransform& transform) {
-    QImage image = paper(scale);
+    QImage image = tests::paper(kSize, scale);
     QPainter painter(&image);
     painter.setTransform(transform);
     QtCanvas canvas(painter, {120, 90});
@@ -140,21 +105,13 @@ QImage drawn(const LineBatch& lines, double width, double scale, const QTransfor
     return image;
 }
 
-struct Difference {
-    int largest;
-    double mean;
-};
-Difference difference(const QImage& one, const QImage& other) {
-    Difference result{0, 0};
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const int gray = std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y)));
-            result.largest = std::max(result.largest, gray);
-            result.mean += gray;
-        }
-    }
-    result.mean /= one.width() * one.height();
-    return result;
+/// How far the canvas is from the painter.
+tests::Difference deviation(const LineBatch& lines,
+                            double width,
+                            double scale = 1,
+                            const QTransform& transform = {}) {
+    return tests::difference(drawn(lines, width, scale, transform),
+                             painted(lines, width, scale, transform));
 }
 
 /// Rays in all directions, and a wavy line.
@@ -181,8 +138,7 @@ TEST(ThinLinesTest, LookAsThePainterStrokesThem) {
         for (const double width : {1.2, 1.5}) {
             const QTransform moved = QTransform::fromTranslate(3.3, -2.6).scale(0.9, 0.9);
             for (const QTransform& transform : {QTransform(), moved}) {
-                const Difference found = difference(drawn(lines, width, scale, transform),
-                                                    painted(lines, width, scale, transform));
+                const tests::Difference found = deviation(lines, width, scale, transform);
                 EXPECT_LT(found.largest, 50) << "scale " << scale << " width " << width;
                 EXPECT_LT(found.mean, 0.8) << "scale " << scale << " width " << width;
             }
@@ -193,31 +149,31 @@ TEST(ThinLinesTest, LookAsThePainterStrokesThem) {
 TEST(ThinLinesTest, WhatTheMaskCannotDoThePainterDoes) {
     LineBatch lines = raysAndWave();
     const QTransform turned = QTransform().rotate(20).scale(0.5, 0.5);
-    EXPECT_LT(difference(drawn(lines, 1.2, 1, turned), painted(lines, 1.2, 1, turned)).mean, 0.5);
-    EXPECT_LT(difference(drawn(lines, 9, 1, {}), painted(lines, 9, 1, {})).mean, 0.5);
+    EXPECT_LT(deviation(lines, 1.2, 1, turned).mean, 0.5);
+    EXPECT_LT(deviation(lines, 9).mean, 0.5);
     // Far out of sight, and not a number: the rest stays as it is.
     lines.starts.push_back(lines.points.size());
     lines.points.insert(lines.points.end(), {{60, 45}, {1e300, 45}});
     LineBatch finite = lines;
     finite.points.back() = {200, 45};
-    EXPECT_LT(difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
+    EXPECT_LT(tests::difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
     lines.points.back() = {std::numeric_limits<double>::quiet_NaN(), 0};
     finite.points.pop_back();
     finite.points.pop_back();
     finite.starts.pop_back();
-    EXPECT_LT(difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
+    EXPECT_LT(tests::difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
 }
 
 TEST(ThinLinesTest, LinesWithoutAPointOrALengthDrawNothing) {
     for (const LineBatch& lines :
          {LineBatch{}, LineBatch{{}, {0}}, LineBatch{{{50, 50}}, {0}},
           LineBatch{{{50, 50}, {50, 50}, {50, 50}}, {0}}, LineBatch{{{0, 0}, {120, 90}}, {0, 1}}}) {
-        EXPECT_EQ(drawn(lines, 1.2, 1, {}), paper(1));
+        EXPECT_EQ(drawn(lines, 1.2, 1, {}), tests::paper(kSize));
     }
 }
 
 TEST(ThinLinesTest, TakeTheColorTheOpacityAndTheClip) {
-    QImage image = paper(1);
+    QImage image = tests::paper(kSize);
     QPainter painter(&image);
     QtCanvas canvas(painter, {120, 90});
     canvas.clipRoundedRect({0, 0, 50, 90}, 0);
