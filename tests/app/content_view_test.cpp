@@ -3,10 +3,8 @@
 #include <numbers>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "app/screen_events.h"
-#include "tests/support/recording_diagnostics.h"
+#include "tests/app/test_services.h"
 #include "tests/support/scripted_session.h"
 #include "tests/support/temporary_folder.h"
 
@@ -20,8 +18,6 @@ using testing::Pair;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-constexpr const char* kHint = "Utilizza la barra di ricerca o il Globo per trovare città online...";
-
 constexpr const char* kCatalogue =
     "luogo;provincia;regione;centralina;kwh_1kw_annui;kwh_2kw_annui;kwh_3kw_annui;latitude;"
     "longitude\n"
@@ -29,6 +25,7 @@ constexpr const char* kCatalogue =
     "Romano d'Ezzelino;VI;Veneto;;2600;2700;2800;45.77;11.76\n"
     "Aosta;ao;Valle d'Aosta;;2100;;;45.74;7.32\n"
     "Ayas;AO;Valle d'Aosta;;2600;2600;2600;;\n"
+    "Nulla;NU;Sardegna;;;;;40.3;\n"
     "Serravalle;SM;San Marino;LIPR;2900;2950;3000;43.97;12.48\n"
     "Città del Vaticano;SCV;Vaticano;LIRU;2700;2750;2800;41.9;12.45\n";
 
@@ -45,50 +42,44 @@ constexpr const char* kTwoPlaces =
 constexpr const char* kRomaLabel = "Roma (Italy) [lat: 41.9, lon: 12.5]";
 constexpr const char* kRomeLabel = "Rome (USA) [lat: 34.25, lon: -85.16]";
 
-std::string climateUrl(const std::string& slug) {
-    return "https://site.test/en/weather/forecast/modelclimate/" + slug;
-}
+const std::string kClimateUrl = "https://site.test/en/weather/forecast/modelclimate/";
 
-class RecordingPasteboard final : public platform::Pasteboard {
- public:
-    void setString(std::string_view text) override { contents = text; }
-    std::string contents;
+struct OwnFolder {
+    tests::TemporaryFolder folder;
 };
 
-class ContentViewTest : public testing::Test {
+class ContentViewTest : public testing::Test,
+                        protected OwnFolder,
+                        protected TestServices<tests::ScriptedSession> {
  protected:
-    ContentViewTest() { folder.write("comuni_italia.csv", kCatalogue); }
+    ContentViewTest() : TestServices(folder.path()) {
+        folder.write("comuni_italia.csv", kCatalogue);
+        session.answer(kSearchUrl + std::string("roma"), kTwoPlaces);
+    }
 
     void choose(const std::string& country) {
+        if (state.allLocations.empty()) state.initializeDatabase();
         state.selectedCountry = country;
         state.onCountryChanged(country);
+    }
+    void select(const std::string& label) {
+        state.selectedLocationLabel = label;
+        state.calculate();
+    }
+    void search(const std::string& text) {
+        state.searchText = text;
+        state.performOnlineSearch();
     }
 
     /// The three pages that a climate download without a cloud chart takes.
     void answerClimate(const std::string& slug) {
-        session.answer(climateUrl(slug), R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
-                                         R"(<img id="blooimage" data-url="//c.test/wind_rose">)");
-        session.answer(
-            "https://c.test/wind_speeds",
-            R"({"series":[{"name":"20-30","data":[31,28,31,30,31,30,31,31,30,31,30,31]}]})");
+        session.answer(kClimateUrl + slug, R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
+                                           R"(<img id="blooimage" data-url="//c.test/wind_rose">)");
+        session.answer("https://c.test/wind_speeds", "{}");
         session.answer("https://c.test/wind_rose", R"({"series":[{"name":"<2","data":[7]}]})");
     }
 
-    tests::TemporaryFolder folder;
-    tests::RecordingDiagnostics diagnostics;
-    tests::ScriptedSession session;
-    RecordingPasteboard pasteboard;
-    platform::Bundle bundle{folder.path()};
-    engine::LocationParser parser{bundle, diagnostics};
-    online::MeteoblueScraper scraper{
-        session,
-        {.meteoblue = "https://site.test", .nominatim = "https://names.test"},
-        diagnostics};
-    ContentView state{{.parser = parser,
-                       .scraper = scraper,
-                       .pasteboard = pasteboard,
-                       .diagnostics = diagnostics,
-                       .bundle = bundle}};
+    ContentView state{services};
 };
 
 TEST_F(ContentViewTest, StartsOnTheOnlineEntryWithoutAPlace) {
@@ -96,7 +87,7 @@ TEST_F(ContentViewTest, StartsOnTheOnlineEntryWithoutAPlace) {
     EXPECT_EQ(state.selectedCountry, "Altre località online");
     EXPECT_THAT(state.countries,
                 ElementsAre("Altre località online", "Italia", "San Marino", "Città del Vaticano"));
-    EXPECT_EQ(state.allLocations.size(), 6u);
+    EXPECT_EQ(state.allLocations.size(), 7u);
     EXPECT_THAT(state.filteredLocationNames, IsEmpty());
     EXPECT_FALSE(state.regionMapData.has_value());
     EXPECT_EQ(state.resultText, "Seleziona una località valida.");
@@ -107,40 +98,42 @@ TEST_F(ContentViewTest, StartsOnTheOnlineEntryWithoutAPlace) {
                                      Pair("SM", 2900), Pair("SCV", 2700)));
 }
 
-TEST_F(ContentViewTest, OffersEachCountryItsPlaces) {
+TEST_F(ContentViewTest, OffersEachCountryItsPlacesAndMaps) {
     folder.write("regioni.json", kRegions);
-    state.initializeDatabase();
-    choose("Italia");
-    EXPECT_THAT(state.filteredLocationNames,
-                ElementsAre("Aosta (ao)", "Ayas (AO)", "Roma (RM)", "Romano d'Ezzelino (VI)"));
-    EXPECT_EQ(state.selectedLocationLabel, "Aosta (ao)");
-    EXPECT_EQ(state.targetName, "Aosta");
-    EXPECT_TRUE(state.regionMapData.has_value());
-    EXPECT_FALSE(state.provinceMapData.has_value());
-
-    choose("San Marino");
-    EXPECT_THAT(state.filteredLocationNames, ElementsAre("Serravalle (SM) - LIPR"));
-    EXPECT_FALSE(state.regionMapData.has_value());
-    choose("Città del Vaticano");
-    EXPECT_THAT(state.filteredLocationNames, ElementsAre("Città del Vaticano (SCV) - LIRU"));
-}
-
-TEST_F(ContentViewTest, TheOnlineEntryKeepsTheMapsAndShowsAHint) {
-    folder.write("regioni.json", kRegions);
-    state.initializeDatabase();
-    choose("Italia");
-    const std::string details = state.detailsText;
-    state.selectedRegion = "Lazio";
-    choose("Altre località online");
-    EXPECT_TRUE(state.regionMapData.has_value());
-    EXPECT_FALSE(state.selectedRegion.has_value());
-    EXPECT_THAT(state.filteredLocationNames, ElementsAre(kHint));
-    EXPECT_EQ(state.selectedLocationLabel, kHint);
+    folder.write("vatican_province.json", kRegions);
+    const struct {
+        const char* country;
+        std::vector<std::string> places;
+        bool hasRegions;
+        bool hasProvinces;
+    } kCases[] = {
+        {"Italia",
+         {"Aosta (ao)", "Ayas (AO)", "Nulla (NU)", "Roma (RM)", "Romano d'Ezzelino (VI)"},
+         true,
+         false},
+        {"San Marino", {"Serravalle (SM) - LIPR"}, false, false},
+        {"Città del Vaticano", {"Città del Vaticano (SCV) - LIRU"}, false, true},
+        // The online entry keeps the maps and shows a hint.
+        {"Altre località online",
+         {"Utilizza la barra di ricerca o il Globo per trovare città online..."},
+         false,
+         true},
+    };
+    for (const auto& [country, places, hasRegions, hasProvinces] : kCases) {
+        state.selectedRegion = "Lazio";
+        choose(country);
+        EXPECT_EQ(state.filteredLocationNames, places);
+        EXPECT_EQ(state.selectedLocationLabel, places.front());
+        EXPECT_EQ(state.regionMapData.has_value(), hasRegions) << country;
+        EXPECT_EQ(state.provinceMapData.has_value(), hasProvinces) << country;
+        EXPECT_FALSE(state.selectedRegion.has_value());
+    }
     EXPECT_EQ(state.resultText, "Seleziona una località valida.");
-    EXPECT_EQ(state.detailsText, details);
+    EXPECT_THAT(state.detailsText, StartsWith("Vaticano - ")) << "the last result stays";
 }
 
 TEST_F(ContentViewTest, ACountryWithoutPlacesKeepsTheSelection) {
+    folder.write("comuni_italia.csv", "");
     state.selectedLocationLabel = "Roma (RM)";
     choose("Italia");
     EXPECT_THAT(state.filteredLocationNames, IsEmpty());
@@ -149,29 +142,27 @@ TEST_F(ContentViewTest, ACountryWithoutPlacesKeepsTheSelection) {
 }
 
 TEST_F(ContentViewTest, NarrowsTheListToTheTypedText) {
-    state.initializeDatabase();
     choose("Italia");
-    state.filterLocations(" \tROMA\n");
-    EXPECT_THAT(state.filteredLocationNames, ElementsAre("Roma (RM)", "Romano d'Ezzelino (VI)"));
-    EXPECT_EQ(state.selectedLocationLabel, "Roma (RM)");
-    EXPECT_EQ(state.detailsText,
-              "Lazio - produzione singola turbina 2 kW: 3.984 kWh/anno (Stime Centraline)");
-
-    state.filterLocations("xyz");
-    EXPECT_THAT(state.filteredLocationNames, IsEmpty());
-    EXPECT_EQ(state.selectedLocationLabel, "Roma (RM)");
-    state.filterLocations("  ");
-    EXPECT_EQ(state.filteredLocationNames.size(), 4u);
-    EXPECT_EQ(state.selectedLocationLabel, "Aosta (ao)");
+    const struct {
+        const char* text;
+        std::size_t places;
+        const char* selected;
+    } kCases[] = {{" \tROMA\n", 2, "Roma (RM)"}, {"xyz", 0, "Roma (RM)"}, {"  ", 5, "Aosta (ao)"}};
+    for (const auto& [text, places, selected] : kCases) {
+        state.filterLocations(text);
+        EXPECT_EQ(state.filteredLocationNames.size(), places) << text;
+        EXPECT_EQ(state.selectedLocationLabel, selected) << text;
+    }
+    EXPECT_EQ(state.targetName, "Aosta");
 }
 
 TEST_F(ContentViewTest, WritesTheFourTexts) {
-    state.initializeDatabase();
     choose("Italia");
-    state.selectedLocationLabel = "Roma (RM)";
     state.quantityString = "3";
-    state.calculate();
+    select("Roma (RM)");
     // Yield 3200: 1992 kWh for 1 kW, 3984 for 2 kW; sky of the centre: 1289, 2579, 3868 a plant.
+    EXPECT_EQ(state.detailsText,
+              "Lazio - produzione singola turbina 2 kW: 3.984 kWh/anno (Stime Centraline)");
     EXPECT_EQ(state.resultText,
               "Produzione Lorda: 11.952 kWh/anno\nCoeff. di Correzione: 70%\n"
               "Produzione Attesa: 8.366 kWh/anno");
@@ -186,36 +177,38 @@ TEST_F(ContentViewTest, WritesTheFourTexts) {
 }
 
 TEST_F(ContentViewTest, ReadsTheQuantityAsAWholeNumber) {
-    state.initializeDatabase();
     choose("Italia");
-    state.selectedLocationLabel = "Roma (RM)";
-    const auto gross = [this](const char* quantity) {
-        state.quantityString = quantity;
-        state.calculate();
-        return state.resultText.substr(0, state.resultText.find('\n'));
-    };
-    const std::string one = "Produzione Lorda: 3.984 kWh/anno";
-    for (const char* text : {"1", "", "abc", " 2", "2 ", "2.5", "+", "-", "+-2", "0x2",
-                             "9223372036854775808", "-9223372036854775809"}) {
-        EXPECT_EQ(gross(text), one) << text;
-    }
-    EXPECT_EQ(gross("+4"), "Produzione Lorda: 15.936 kWh/anno");
-    EXPECT_EQ(gross("012"), "Produzione Lorda: 47.808 kWh/anno");
-    EXPECT_THAT(gross("9223372036854775807"), StartsWith("Produzione Lorda: 36.7"));
+    select("Roma (RM)");
     const std::string details = state.detailsText;
-    for (const char* text : {"0", "-3", "-9223372036854775808"}) {
-        EXPECT_EQ(gross(text), "Inserisci una quantità valida.") << text;
-        EXPECT_EQ(state.detailsText, details);
+    const std::string one = "Produzione Lorda: 3.984 kWh/anno";
+    const std::string none = "Inserisci una quantità valida.";
+    const struct {
+        std::vector<const char*> texts;
+        std::string firstLine;
+    } kCases[] = {
+        {{"1", "", "abc", " 2", "2 ", "2.5", "+", "-", "+-2", "0x2", "9223372036854775808",
+          "-9223372036854775809"},
+         one},
+        {{"+4"}, "Produzione Lorda: 15.936 kWh/anno"},
+        {{"012"}, "Produzione Lorda: 47.808 kWh/anno"},
+        {{"9223372036854775807"}, "Produzione Lorda: 36.7"},
+        {{"0", "-3", "-9223372036854775808"}, none},
+    };
+    for (const auto& [texts, firstLine] : kCases) {
+        for (const char* text : texts) {
+            state.quantityString = text;
+            state.calculate();
+            EXPECT_THAT(state.resultText, StartsWith(firstLine)) << text;
+            EXPECT_EQ(state.detailsText, details);
+        }
     }
 }
 
 TEST_F(ContentViewTest, AnAbsentFigureFallsBackByTurbineSize) {
-    state.initializeDatabase();
     choose("Italia");
-    state.selectedLocationLabel = "Aosta (ao)";
     for (const auto& [turbineKW, kwh] : {std::pair{1, 2100.0}, {2, 6000.0}, {3, 9000.0}}) {
         state.selectedTurbineKW = turbineKW;
-        state.calculate();
+        select("Aosta (ao)");
         EXPECT_EQ(state.currentDistribution,
                   engine::CalculationEngine::calculateMonthlyWindDistribution(
                       {.kwh = kwh, .lat = 45.74, .lon = 7.32, .region = "Valle d'Aosta"}))
@@ -224,28 +217,27 @@ TEST_F(ContentViewTest, AnAbsentFigureFallsBackByTurbineSize) {
 }
 
 TEST_F(ContentViewTest, TurnsTheGlobeOnlyToPlacesWithCoordinates) {
-    state.initializeDatabase();
     choose("Italia");
-    state.selectedLocationLabel = "Roma (RM)";
-    state.calculate();
+    select("Roma (RM)");
     EXPECT_DOUBLE_EQ(state.globeCenterLat, 41.89 * std::numbers::pi / 180);
-    state.selectedLocationLabel = "Ayas (AO)";
-    state.calculate();
-    EXPECT_EQ(state.targetLat, std::nullopt);
-    EXPECT_EQ(state.targetName, "Ayas");
-    EXPECT_DOUBLE_EQ(state.globeCenterLon, 12.48 * std::numbers::pi / 180);
+    for (const char* place : {"Ayas (AO)", "Nulla (NU)"}) {
+        select(place);
+        EXPECT_EQ(state.targetLon, std::nullopt);
+        EXPECT_TRUE(std::string(place).starts_with(*state.targetName));
+        EXPECT_DOUBLE_EQ(state.globeCenterLat, 41.89 * std::numbers::pi / 180);
+        EXPECT_DOUBLE_EQ(state.globeCenterLon, 12.48 * std::numbers::pi / 180);
+    }
 }
 
 TEST_F(ContentViewTest, AnOnlineSearchEndsInTheDownloadOfItsFirstPlace) {
-    session.hold(std::string(kSearchUrl) + "roma");
-    session.hold(climateUrl("roma"));
+    session.hold(std::string(kSearchUrl) + "rom");
+    session.hold(kClimateUrl + "roma");
     int redraws = 0;
     state.onChanged = [&redraws] { ++redraws; };
-    state.searchText = "roma";
-    state.performOnlineSearch();
+    search("rom");
     EXPECT_TRUE(state.isFetchingOnline);
 
-    ASSERT_TRUE(session.release(std::string(kSearchUrl) + "roma", kTwoPlaces));
+    ASSERT_TRUE(session.release(std::string(kSearchUrl) + "rom", kTwoPlaces));
     EXPECT_EQ(redraws, 1);
     EXPECT_THAT(state.filteredLocationNames, ElementsAre(kRomaLabel, kRomeLabel));
     EXPECT_EQ(state.selectedLocationLabel, kRomaLabel);
@@ -258,9 +250,8 @@ TEST_F(ContentViewTest, AnOnlineSearchEndsInTheDownloadOfItsFirstPlace) {
     EXPECT_EQ(place.kwh3kw, 9000.0);
     EXPECT_EQ(place.source, "Meteoblue Online");
 
-    session.answer("https://c.test/wind_speeds", "{}");
-    session.answer("https://c.test/wind_rose", "{}");
-    ASSERT_TRUE(session.release(climateUrl("roma"),
+    answerClimate("unused");
+    ASSERT_TRUE(session.release(kClimateUrl + "roma",
                                 R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
                                 R"(<img id="blooimage" data-url="//c.test/wind_rose">)"));
     EXPECT_EQ(redraws, 2);
@@ -273,10 +264,8 @@ TEST_F(ContentViewTest, AnOnlineSearchEndsInTheDownloadOfItsFirstPlace) {
 }
 
 TEST_F(ContentViewTest, AFailedDownloadGivesTheOfflineResult) {
-    session.answer(std::string(kSearchUrl) + "roma", kTwoPlaces);
-    session.answer(climateUrl("roma"), tests::ScriptedSession::failure("la rete non risponde"));
-    state.searchText = "roma";
-    state.performOnlineSearch();
+    session.answer(kClimateUrl + "roma", tests::ScriptedSession::failure("la rete non risponde"));
+    search("roma");
     EXPECT_THAT(
         diagnostics.lines,
         ElementsAre("Meteoblue online fetch failed: la rete non risponde, fallback offline"));
@@ -291,24 +280,20 @@ TEST_F(ContentViewTest, AFailedDownloadGivesTheOfflineResult) {
 }
 
 TEST_F(ContentViewTest, SearchesThatFindNothingChangeNothing) {
-    session.answer(std::string(kSearchUrl) + "roma", kTwoPlaces);
     session.answer(std::string(kSearchUrl) + "nowhere", R"({"results":[]})");
     session.answer(std::string(kSearchUrl) + "cut", tests::ScriptedSession::failure("timeout"));
     answerClimate("roma");
-    state.performOnlineSearch();
+    search("");
     EXPECT_THAT(session.requests(), IsEmpty()) << "an empty text starts nothing";
 
-    state.searchText = "roma";
-    state.performOnlineSearch();
+    search("roma");
     const auto names = state.filteredLocationNames;
-    state.searchText = "cut";
-    state.performOnlineSearch();
+    search("cut");
     EXPECT_EQ(diagnostics.lines.back(), "Online search error: timeout");
     EXPECT_EQ(state.onlineSearchResults.size(), 2u);
     EXPECT_FALSE(state.isFetchingOnline);
 
-    state.searchText = "nowhere";
-    state.performOnlineSearch();
+    search("nowhere");
     EXPECT_EQ(state.filteredLocationNames, names);
     EXPECT_EQ(state.selectedLocationLabel, kRomaLabel);
     EXPECT_THAT(state.onlineSearchResults, IsEmpty());
@@ -316,19 +301,16 @@ TEST_F(ContentViewTest, SearchesThatFindNothingChangeNothing) {
 }
 
 TEST_F(ContentViewTest, TheLastDownloadToFinishDecides) {
-    session.answer(std::string(kSearchUrl) + "roma", kTwoPlaces);
-    session.hold(climateUrl("roma"));
-    session.hold(climateUrl("rome"));
-    state.searchText = "roma";
-    state.performOnlineSearch();
-    state.selectedLocationLabel = kRomeLabel;
-    state.calculate();
+    session.hold(kClimateUrl + "roma");
+    session.hold(kClimateUrl + "rome");
+    search("roma");
+    select(kRomeLabel);
     EXPECT_EQ(session.heldCount(), 2u);
 
-    session.release(climateUrl("rome"), "no charts here");
+    session.release(kClimateUrl + "rome", "no charts here");
     EXPECT_FALSE(state.isFetchingOnline) << "each download clears the flag";
     EXPECT_THAT(state.detailsText, StartsWith("US - "));
-    session.release(climateUrl("roma"), "no charts here");
+    session.release(kClimateUrl + "roma", "no charts here");
     EXPECT_THAT(state.detailsText, StartsWith("IT - "));
 }
 
@@ -347,76 +329,18 @@ TEST_F(ContentViewTest, ATapIsNamedAndSearchedNear) {
     EXPECT_THAT(state.detailsText, HasSubstr("(Meteoblue Online)"));
 }
 
-TEST_F(ContentViewTest, TheOnlineSourceLeavesCataloguePlacesOffline) {
-    state.initializeDatabase();
-    choose("Italia");
-    state.isOnlineMode = true;
-    state.calculate();
-    EXPECT_THAT(state.detailsText, HasSubstr("(Stime Centraline)"));
-    EXPECT_THAT(session.requests(), IsEmpty());
-}
-
-TEST_F(ContentViewTest, ItsEndGivesUpWhatIsUnderWay) {
-    session.hold(std::string(kSearchUrl) + "roma");
-    session.hold(kReverseUrl);
-    {
-        ContentView closed({.parser = parser,
-                            .scraper = scraper,
-                            .pasteboard = pasteboard,
-                            .diagnostics = diagnostics,
-                            .bundle = bundle});
-        closed.searchText = "roma";
-        closed.performOnlineSearch();
-        closed.onGlobeTapped(10.5, 20);
-        EXPECT_EQ(session.heldCount(), 2u);
-    }
-    EXPECT_EQ(session.heldCount(), 0u);
-}
-
 TEST_F(ContentViewTest, FindsImagesInTheCatalogueThenAmongTheFiles) {
     EXPECT_EQ(state.flagImage("Italia"), std::nullopt);
-    folder.write("flag_it.png", "");
+    for (const char* name : {"flag_it.png", "flag_sm.png", "flag_vc.png", "logo.png"}) {
+        folder.write(name, "");
+    }
     EXPECT_EQ(state.flagImage("Italia"), folder.path() / "flag_it.png");
     folder.write("images/flag_it.png", "");
     EXPECT_EQ(state.flagImage("Italia"), folder.path() / "images/flag_it.png");
+    EXPECT_EQ(state.flagImage("San Marino"), folder.path() / "flag_sm.png");
+    EXPECT_EQ(state.flagImage("Città del Vaticano"), folder.path() / "flag_vc.png");
     EXPECT_EQ(state.flagImage("Altre località online"), std::nullopt);
-    folder.write("logo.png", "");
     EXPECT_EQ(state.loadLogoImage(), folder.path() / "logo.png");
-}
-
-TEST_F(ContentViewTest, ChangeEventsRunTheirOperations) {
-    state.initializeDatabase();
-    ScreenEvents events(state);
-    state.selectedCountry = "Italia";
-    events.fire();
-    EXPECT_EQ(state.selectedLocationLabel, "Aosta (ao)");
-    state.searchText = "roma";
-    events.fire();
-    EXPECT_EQ(state.targetName, "Roma");
-    state.selectedLocationLabel = "Romano d'Ezzelino (VI)";
-    events.fire();
-    EXPECT_EQ(state.targetName, "Romano d'Ezzelino");
-    state.selectedTurbineKW = 3;
-    events.fire();
-    EXPECT_THAT(state.detailsText, HasSubstr("turbina 3 kW"));
-    state.quantityString = "0";
-    events.fire();
-    EXPECT_EQ(state.resultText, "Inserisci una quantità valida.");
-    state.resultText = "untouched";
-    events.fire();
-    EXPECT_EQ(state.resultText, "untouched") << "nothing differs from the last redraw";
-}
-
-TEST_F(ContentViewTest, ALabelSetByASearchIsDownloadedOnceMoreByItsChangeEvent) {
-    ScreenEvents events(state);
-    session.answer(std::string(kSearchUrl) + "roma", kTwoPlaces);
-    session.hold(climateUrl("roma"));
-    session.hold(climateUrl("roma"));
-    state.searchText = "roma";
-    events.fire();
-    state.onChanged = [&events] { events.fire(); };
-    state.performOnlineSearch();
-    EXPECT_EQ(session.heldCount(), 2u);
 }
 
 }  // namespace

@@ -32,15 +32,19 @@ TEST_F(DetailColumnTest, EveryMapGetsItsOutlinesAndNoMore) {
     EXPECT_EQ(map()->view().provinceWindMap, state().provinceWindMap);
     EXPECT_EQ(map()->view().targetLat, state().targetLat);
 
-    click("Mappa Regioni");
-    EXPECT_EQ(map()->view().mapType, geo::MapType::kRegion);
-    EXPECT_EQ(map()->view().geoData->features.size(), 20u);
-    EXPECT_TRUE(map()->view().provinceWindMap.empty());
-
-    click("Mappa Province");
-    EXPECT_EQ(map()->view().mapType, geo::MapType::kProvince);
-    EXPECT_EQ(map()->view().geoData->features.size(), 107u);
-    EXPECT_TRUE(map()->view().provinceWindMap.empty());
+    struct Map {
+        const char* button;
+        geo::MapType type;
+        std::size_t features;
+    };
+    for (const auto& [button, type, features] :
+         {Map{"Mappa Regioni", geo::MapType::kRegion, 20},
+          Map{"Mappa Province", geo::MapType::kProvince, 107}}) {
+        click(button);
+        EXPECT_EQ(map()->view().mapType, type);
+        EXPECT_EQ(map()->view().geoData->features.size(), features);
+        EXPECT_TRUE(map()->view().provinceWindMap.empty());
+    }
 
     choose("Nazione", "San Marino");
     EXPECT_EQ(map()->view().geoData->features.size(), 9u);

@@ -37,14 +37,17 @@ QAction* actionFor(const QMainWindow& window, const QKeySequence& shortcut) {
 using ApplicationTest = ScreenTest;
 
 TEST_F(ApplicationTest, HasThreeMenus) {
-    ASSERT_EQ(window->menuBar()->actions().size(), 3);
-    EXPECT_EQ(window->menuBar()->actions()[0]->iconText(), "Kalvo Tresk");
-    EXPECT_EQ(window->menuBar()->actions()[1]->iconText(), "Visualizza & Mappe");
-    EXPECT_EQ(window->menuBar()->actions()[2]->iconText(), "Privacy & Info");
+    std::vector<std::string> titles;
+    for (const QAction* menu : window->menuBar()->actions()) {
+        titles.push_back(menu->iconText().toStdString());
+    }
+    EXPECT_THAT(titles, ElementsAre("Kalvo Tresk", "Visualizza & Mappe", "Privacy & Info"));
     EXPECT_EQ(itemsOf(*menuOf(*window, 0)).front(), "Informazioni su Kalvo Wind & Solar");
     EXPECT_THAT(itemsOf(*menuOf(*window, 1)),
                 ElementsAre("Mappa Regioni", "Mappa Province", "Mappa del Vento"));
-    EXPECT_EQ(itemsOf(*menuOf(*window, 2)).size(), 1u);
+    EXPECT_THAT(itemsOf(*menuOf(*window, 2)), testing::SizeIs(1));
+    menuOf(*window, 2)->actions().first()->trigger();
+    EXPECT_THAT(workspace.opened, ElementsAre("https://www.kalvo.example"));
 }
 
 TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
@@ -54,13 +57,10 @@ TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
         observations.push_back(
             notifications.observe(name, [&posted, name] { posted.emplace_back(name); }));
     }
-    const auto press = [this](Qt::Key key) { QTest::keyClick(window, key, Qt::ControlModifier); };
-    press(Qt::Key_2);
-    EXPECT_EQ(state().activeTab, 1);
-    press(Qt::Key_3);
-    EXPECT_EQ(state().activeTab, 2);
-    press(Qt::Key_1);
-    EXPECT_EQ(state().activeTab, 0);
+    for (const int map : {1, 2, 0}) {
+        QTest::keyClick(window, static_cast<Qt::Key>(Qt::Key_1 + map), Qt::ControlModifier);
+        EXPECT_EQ(state().activeTab, map);
+    }
     EXPECT_THAT(posted, ElementsAre("SelectTab1", "SelectTab2", "SelectTab0"));
 }
 
@@ -81,21 +81,21 @@ TEST_F(ApplicationTest, EveryWindowHasAStateOfItsOwn) {
     EXPECT_EQ(otherScreen->state().activeTab, 2);
     EXPECT_EQ(state().activeTab, 0);
 
+    session.hold("https://site.test/en/server/search/query3?query=Roma");
+    otherScreen->state().searchText = "Roma";
+    otherScreen->state().performOnlineSearch();
+    EXPECT_EQ(session.heldCount(), 1u);
     const QPointer<QMainWindow> gone(second);
     actionFor(*second, QKeySequence(Qt::CTRL | Qt::Key_W))->trigger();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(gone.isNull());
+    EXPECT_EQ(session.heldCount(), 0u) << "a window takes its downloads with it";
     EXPECT_TRUE(first->isVisible());
 }
 
-TEST_F(ApplicationTest, ControlFGoesToTheSearchField) {
-    auto* search = named<QLineEdit>(QString::fromUtf8("Cerca Località"));
-    ASSERT_FALSE(search->hasFocus());
+TEST_F(ApplicationTest, ControlFSearchesAndTheAboutPanelNamesThreeCredits) {
     QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
-    EXPECT_TRUE(search->hasFocus());
-}
-
-TEST_F(ApplicationTest, TheAboutPanelNamesTheApplicationAndThreeCredits) {
+    EXPECT_TRUE(named<QLineEdit>(QString::fromUtf8("Cerca Località"))->hasFocus());
     menuOf(*window, 0)->actions().first()->trigger();
     auto* panel = qobject_cast<AboutPanel*>(QApplication::activeModalWidget());
     ASSERT_NE(panel, nullptr);
@@ -109,52 +109,25 @@ TEST_F(ApplicationTest, TheAboutPanelNamesTheApplicationAndThreeCredits) {
     panel->close();
 }
 
-TEST_F(ApplicationTest, TheWebSiteOpensInTheBrowser) {
-    menuOf(*window, 2)->actions().first()->trigger();
-    EXPECT_THAT(workspace.opened, ElementsAre("https://www.kalvo.example"));
-}
-
-TEST_F(ApplicationTest, TheLastWindowMayCloseWhileADownloadIsUnderWay) {
-    session.hold("https://site.test/en/server/search/query3?query=Roma");
-    state().searchText = "Roma";
-    state().performOnlineSearch();
-    screen().redraw();
-    EXPECT_EQ(session.heldCount(), 1u);
-    delete window;
-    window = nullptr;
-    EXPECT_EQ(session.heldCount(), 0u);
-}
-
 TEST(ApplicationIconTest, IsTheRoundedLogoElseTheIconFileElseNothing) {
-    const std::string resources = KALVO_SOURCE_DIR "/resources/";
-    const auto copy = [&](const char* name, const tests::TemporaryFolder& folder) {
-        std::filesystem::copy_file(resources + name, folder.path() / name);
-    };
+    using namespace std::string_literals;
     tests::TemporaryFolder folder;
     const platform::Bundle bundle(folder.path());
     EXPECT_TRUE(loadApplicationIcon(bundle).isNull());
-
-    copy("AppIcon.icns", folder);
-    EXPECT_EQ(loadApplicationIcon(bundle).width(), 512);
-
-    copy("logo_rounded.png", folder);
-    EXPECT_EQ(loadApplicationIcon(bundle).width(), 256);
-
-    folder.write("logo_rounded.png", "no picture");
-    EXPECT_TRUE(loadApplicationIcon(bundle).isNull()) << "a faulty file is not looked past";
-}
-
-TEST(ApplicationIconTest, ABrokenIconFileIsNoIcon) {
-    tests::TemporaryFolder folder;
-    const platform::Bundle bundle(folder.path());
-    using namespace std::string_literals;
-    for (const std::string& file :
+    for (const std::string& broken :
          {""s, "icns"s, "icns\0\0\0\x08"s, "icns\0\0\0\x20ic07\0\0\0\x00"s,
           "icns\0\0\0\x20ic07\xff\xff\xff\xff\x89PNG\r\n\x1a\n"s,
           "icns\0\0\0\x20ic07\0\0\0\x10\x89PNG\r\n\x1a\n"s}) {
-        folder.write("AppIcon.icns", file);
+        folder.write("AppIcon.icns", broken);
         EXPECT_TRUE(loadApplicationIcon(bundle).isNull());
     }
+    for (const auto& [name, width] : {std::pair{"AppIcon.icns", 512}, {"logo_rounded.png", 256}}) {
+        folder.write(
+            name, platform::readFile(KALVO_SOURCE_DIR "/resources/" + std::string(name)).value());
+        EXPECT_EQ(loadApplicationIcon(bundle).width(), width);
+    }
+    folder.write("logo_rounded.png", "no picture");
+    EXPECT_TRUE(loadApplicationIcon(bundle).isNull()) << "a faulty file is not looked past";
 }
 
 }  // namespace

@@ -30,49 +30,48 @@ bool shows(const QWidget& window, const QString& wanted) {
     return false;
 }
 
-TEST_F(ScreenTest, StartsOnTheGlobeWithNoPlaceAndNoFlag) {
-    EXPECT_EQ(named<QComboBox>("Nazione")->currentText(), text("Altre località online"));
-    EXPECT_TRUE(named<QPushButton>("Offline (Stime)")->isChecked());
-    EXPECT_TRUE(named<QRadioButton>("2 kW")->isChecked());
-    EXPECT_EQ(named<QLineEdit>(text("Quantità Turbine"))->text(), "1");
-    EXPECT_TRUE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
-    EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->count(), 0);
-    EXPECT_TRUE(named<QWidget>("Globo terrestre")->isVisible());
-    EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
-    EXPECT_TRUE(shows(*window, "Stima Solare FTV"));
-    EXPECT_EQ(state().allLocations.size(), 7906u);
+/// How many flags can be seen.
+int flagsIn(const QWidget& window) {
+    int visible = 0;
+    for (const auto* image : window.findChildren<widgets::ImageView*>()) {
+        visible += image->isVisible() && image->size() == QSize(24, 16);
+    }
+    return visible;
 }
 
 TEST_F(ScreenTest, AnOfflineCountryBringsItsPlacesItsFlagAndItsResult) {
+    auto* places = named<QComboBox>(text("Località Selezionata"));
+    const auto isOnline = [&](bool hasHint) {
+        EXPECT_EQ(named<QComboBox>("Nazione")->currentText(), text("Altre località online"));
+        EXPECT_TRUE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
+        EXPECT_TRUE(named<QWidget>("Globo terrestre")->isVisible());
+        EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
+        EXPECT_EQ(places->currentText().startsWith("Utilizza la barra di ricerca"), hasHint);
+        EXPECT_EQ(flagsIn(*window), 0);
+    };
+    isOnline(false);
+    EXPECT_TRUE(named<QPushButton>("Offline (Stime)")->isChecked());
+    EXPECT_TRUE(named<QRadioButton>("2 kW")->isChecked());
+    EXPECT_EQ(named<QLineEdit>(text("Quantità Turbine"))->text(), "1");
+    EXPECT_TRUE(shows(*window, "Stima Solare FTV"));
+
     choose("Nazione", "Italia");
     EXPECT_EQ(state().selectedCountry, "Italia");
-    auto* places = named<QComboBox>(text("Località Selezionata"));
     EXPECT_EQ(places->count(), 7896);
     EXPECT_THAT(places->currentText().toStdString(), StartsWith("Abano Terme (PD)"));
     EXPECT_FALSE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
     EXPECT_FALSE(named<QWidget>("Globo terrestre")->isVisible());
-    EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
-    EXPECT_TRUE(shows(*window, QString::fromStdString(state().detailsText)));
-    EXPECT_TRUE(shows(*window, QString::fromStdString(state().pvResultText)));
+    for (const std::string& result :
+         {state().resultText, state().detailsText, state().pvResultText}) {
+        EXPECT_TRUE(shows(*window, QString::fromStdString(result))) << result;
+    }
+    EXPECT_EQ(flagsIn(*window), 1);
+    // Return searches online for the online entry only.
+    QTest::keyClick(named<QLineEdit>(text("Cerca Località")), Qt::Key_Return);
+    EXPECT_TRUE(session.requests().empty());
 
     choose("Nazione", text("Altre località online"));
-    EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
-    EXPECT_THAT(places->currentText().toStdString(), StartsWith("Utilizza la barra di ricerca"));
-}
-
-TEST_F(ScreenTest, TheFlagStandsBesideThePickerOfACountryThatHasOne) {
-    const auto flags = [this] {
-        int visible = 0;
-        for (const auto* image : window->findChildren<widgets::ImageView*>()) {
-            visible += image->isVisible() && image->size() == QSize(24, 16);
-        }
-        return visible;
-    };
-    EXPECT_EQ(flags(), 0);
-    choose("Nazione", "San Marino");
-    EXPECT_EQ(flags(), 1);
-    choose("Nazione", text("Altre località online"));
-    EXPECT_EQ(flags(), 0);
+    isOnline(true);
 }
 
 TEST_F(ScreenTest, TypingNarrowsThePlacesAndCalculatesForTheFirst) {
@@ -98,8 +97,12 @@ TEST_F(ScreenTest, ThePlacePickerFollowsTheKeyboard) {
     EXPECT_EQ(state().selectedLocationLabel, places->currentText().toStdString());
 }
 
-TEST_F(ScreenTest, EveryKeystrokeOfTheQuantityCalculates) {
+TEST_F(ScreenTest, TheTurbineSizeAndEveryKeystrokeOfTheQuantityCalculate) {
     choose("Nazione", "Italia");
+    click("3 kW");
+    EXPECT_THAT(state().detailsText, HasSubstr("singola turbina 3 kW"));
+    click("Copia Risultato");
+    EXPECT_EQ(pasteboard.contents, state().detailsText + "\n\n" + state().resultText);
     auto* field = named<QLineEdit>(text("Quantità Turbine"));
     const std::string one = state().resultText;
     field->setFocus();
@@ -125,13 +128,6 @@ TEST_F(ScreenTest, AToggleThatIsOnStaysOnAndCalculatesNothing) {
     EXPECT_FALSE(named<QPushButton>("Offline (Stime)")->isChecked());
     EXPECT_NE(state().resultText, "untouched");
     EXPECT_THAT(state().detailsText, EndsWith("(Stime Centraline)"));
-}
-
-TEST_F(ScreenTest, TheTurbineSizeCalculates) {
-    choose("Nazione", "Italia");
-    click("3 kW");
-    EXPECT_EQ(state().selectedTurbineKW, 3);
-    EXPECT_THAT(state().detailsText, HasSubstr("singola turbina 3 kW"));
 }
 
 TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
@@ -160,20 +156,6 @@ TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
     EXPECT_FALSE(named<QProgressBar>("Scaricamento dati Meteoblue...")->isVisible());
     EXPECT_THAT(state().detailsText, StartsWith("IT - produzione singola turbina"));
     EXPECT_TRUE(shows(*window, QString::fromStdString(state().detailsText)));
-}
-
-TEST_F(ScreenTest, ReturnSearchesOnlineForTheOnlineEntryOnly) {
-    choose("Nazione", "San Marino");
-    auto* search = named<QLineEdit>(text("Cerca Località"));
-    QTest::keyClicks(search, "Se");
-    QTest::keyClick(search, Qt::Key_Return);
-    EXPECT_TRUE(session.requests().empty());
-}
-
-TEST_F(ScreenTest, CopiesTheResultAsItIsShown) {
-    choose("Nazione", "Italia");
-    click("Copia Risultato");
-    EXPECT_EQ(pasteboard.contents, state().detailsText + "\n\n" + state().resultText);
 }
 
 TEST_F(ScreenTest, NoFrameShowsNewTextsInTheRoomOfTheOldOnes) {
@@ -218,11 +200,7 @@ TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
 
 TEST_F(ScreenTest, WithoutALogoTheHeaderShowsTheWind) {
     const platform::Bundle empty("/nowhere");
-    ContentView bare({.parser = parser,
-                      .scraper = scraper,
-                      .pasteboard = pasteboard,
-                      .diagnostics = diagnostics,
-                      .bundle = empty});
+    ContentView bare({parser, scraper, pasteboard, diagnostics, empty});
     SidebarWidget sidebar(bare);
     widgets::ImageView* logo = nullptr;
     for (auto* image : sidebar.findChildren<widgets::ImageView*>()) {

@@ -44,21 +44,11 @@ TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
     server.answer("/chart?type=wind_rose&a=1", TlsAnswer::ok(chart("20-30 km/h", "7.5", 16)));
     server.answer("/chart?type=cloud_coverage&a=1", TlsAnswer::ok(chart("Sunny", "10", 12)));
 
-    tests::RecordingDiagnostics diagnostics;
-    platform::QtHttpSession session;
-    const platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
-    engine::LocationParser parser(bundle, diagnostics);
-    online::MeteoblueScraper scraper(
-        session, {.meteoblue = server.origin(), .nominatim = server.origin()}, diagnostics);
-    RecordingPasteboard pasteboard;
+    TestServices<platform::QtHttpSession> world(KALVO_SOURCE_DIR "/resources",
+                                                {server.origin(), server.origin()});
     RecordingWorkspace workspace;
     platform::NotificationCenter notifications;
-    Kalvo_TreskApp application({.parser = parser,
-                                .scraper = scraper,
-                                .pasteboard = pasteboard,
-                                .diagnostics = diagnostics,
-                                .bundle = bundle},
-                               notifications, workspace);
+    Kalvo_TreskApp application(world.services, notifications, workspace);
     const std::unique_ptr<QMainWindow> window(application.openWindow());
     window->setAttribute(Qt::WA_DeleteOnClose, false);
 
@@ -85,7 +75,7 @@ TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
     EXPECT_THAT(state.resultText, HasSubstr("Produzione Lorda: 17.520 kWh/anno"));
     EXPECT_THAT(state.pvResultText, HasSubstr("Produzione Solare Lorda: 1.320 kWh/anno"));
     EXPECT_EQ(state.currentRoseData.at(15), (engine::ClassCounts{0, 0, 0, 0, 8, 0, 0}));
-    EXPECT_TRUE(diagnostics.lines.empty());
+    EXPECT_TRUE(world.diagnostics.lines.empty());
 }
 
 }  // namespace

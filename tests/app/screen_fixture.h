@@ -8,17 +8,11 @@
 #include <QTest>
 
 #include "app/kalvo_tresk_app.h"
-#include "tests/support/recording_diagnostics.h"
+#include "tests/app/test_services.h"
 #include "tests/support/scripted_session.h"
 #include "widgets/theme.h"
 
 namespace kalvo::app {
-
-class RecordingPasteboard final : public platform::Pasteboard {
- public:
-    void setString(std::string_view text) override { contents = text; }
-    std::string contents;
-};
 
 class RecordingWorkspace final : public platform::Workspace {
  public:
@@ -43,14 +37,14 @@ inline QString nameOf(QWidget* widget) {
 
 /// The application with the data it ships with, one window open, and a network that answers from
 /// a script.
-class ScreenTest : public testing::Test {
+class ScreenTest : public testing::Test, protected TestServices<tests::ScriptedSession> {
  public:
     static void SetUpTestSuite() {
         widgets::Theme::apply(platform::Bundle(KALVO_SOURCE_DIR "/resources"));
     }
 
  protected:
-    ScreenTest() : window(application.openWindow()) {
+    ScreenTest() : TestServices(KALVO_SOURCE_DIR "/resources"), window(application.openWindow()) {
         QApplication::setActiveWindow(window);
         QApplication::processEvents();
     }
@@ -84,24 +78,9 @@ class ScreenTest : public testing::Test {
         QTest::mouseClick(named<QAbstractButton>(button), Qt::LeftButton);
     }
 
-    tests::RecordingDiagnostics diagnostics;
-    tests::ScriptedSession session;
-    RecordingPasteboard pasteboard;
     RecordingWorkspace workspace;
     platform::NotificationCenter notifications;
-    platform::Bundle bundle{KALVO_SOURCE_DIR "/resources"};
-    engine::LocationParser parser{bundle, diagnostics};
-    online::MeteoblueScraper scraper{
-        session,
-        {.meteoblue = "https://site.test", .nominatim = "https://names.test"},
-        diagnostics};
-    Kalvo_TreskApp application{{.parser = parser,
-                                .scraper = scraper,
-                                .pasteboard = pasteboard,
-                                .diagnostics = diagnostics,
-                                .bundle = bundle},
-                               notifications,
-                               workspace};
+    Kalvo_TreskApp application{services, notifications, workspace};
     QMainWindow* window;
 };
 

@@ -8,20 +8,12 @@
 #include <QTest>
 #include <QToolTip>
 
+#include "tests/support/painted_areas.h"
+
 namespace kalvo::charts {
 namespace {
 
 const WindChartView kWind{{{"Gen", {0, 0, 0, 15, 0, 0, 10}}}};
-
-/// Counts how often a widget is painted.
-class PaintCounter final : public QObject {
- public:
-    int paints = 0;
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++paints;
-        return false;
-    }
-};
 
 // The plot of a chart 650 wide has 50 points a month.
 class ChartWidgetTest : public testing::Test {
@@ -60,13 +52,12 @@ TEST_F(ChartWidgetTest, IsAGraphicWithASummaryToScreenReaders) {
 
 TEST_F(ChartWidgetTest, RepaintsOnlyForAnotherChart) {
     QApplication::processEvents();
-    PaintCounter counter;
-    widget.installEventFilter(&counter);
+    tests::PaintedAreas painted(widget);
     widget.setChart(kWind);
     QTest::qWait(50);
-    EXPECT_EQ(counter.paints, 0);
+    EXPECT_TRUE(painted.list.empty());
     widget.setChart(WindChartView{});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.paints == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return painted.list.size() == 1; }));
 }
 
 TEST_F(ChartWidgetTest, CopiesItselfAsAPicture) {

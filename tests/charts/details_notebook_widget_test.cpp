@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "charts/chart_widget.h"
-#include "tests/charts/fake_pasteboard.h"
+#include "tests/support/recording_pasteboard.h"
 
 namespace kalvo::charts {
 namespace {
@@ -59,7 +59,7 @@ class DetailsNotebookTest : public testing::Test {
     [[nodiscard]] QTableWidget& table() const { return *widget.findChild<QTableWidget*>(); }
     [[nodiscard]] QPushButton& copyButton() const { return *widget.findChild<QPushButton*>(); }
 
-    FakePasteboard pasteboard;
+    tests::RecordingPasteboard pasteboard;
     DetailsNotebookView view;
     DetailsNotebookWidget widget;
 };
@@ -190,7 +190,7 @@ TEST_F(DetailsNotebookTest, NoticeOfACopyEndsTwoSecondsAfterTheFirstPress) {
     sinceFirstPress.start();
     QTest::mouseClick(&copyButton(), Qt::LeftButton);
     EXPECT_EQ(copyButton().text(), "Copiato!");
-    EXPECT_TRUE(pasteboard.text.starts_with("Velocità\tGen\t"));
+    EXPECT_TRUE(pasteboard.contents.starts_with("Velocità\tGen\t"));
     QTest::qWait(1500);
     QTest::mouseClick(&copyButton(), Qt::LeftButton);
     view.currentDistribution.clear();

@@ -3,101 +3,65 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/charts/drawing.h"
+#include <gmock/gmock.h>
+
+#include "tests/support/drawing.h"
 
 namespace kalvo::charts {
 namespace {
 
-using platform::Color;
-using platform::kGray;
 using testing::ElementsAre;
+using tests::drawn;
 using Condition = SolarChartView::Condition;
 using Hit = SolarChartView::Hit;
 
 // 500 x 200: bars of 25 points, 5 points a day, the baseline at 175.
 constexpr platform::Size kSize{500, 200};
-const Color kSunnyYellow{1, 230 / 255.0, 0, 1};
-const Color kOlive{214 / 255.0, 214 / 255.0, 156 / 255.0, 1};
-const Color kDarkGray{102 / 255.0, 102 / 255.0, 102 / 255.0, 1};
-const platform::Stroke kBlueLine{{47 / 255.0, 128 / 255.0, 237 / 255.0, 1}, 2};
-
 std::vector<double> everyMonth(double days) { return std::vector<double>(12, days); }
 
-platform::draw::StrokePath precipitationOf(const platform::RecordingCanvas& canvas) {
-    return canvas.all<platform::draw::StrokePath>().back();
-}
-
-TEST(SolarChartView, DrawsAxisBarsAndMonths) {
+TEST(SolarChartView, DrawsAxisThenMonthsThenPrecipitation) {
     SolarChartView view{{everyMonth(10), everyMonth(10), everyMonth(11), everyMonth(0)}};
     view.solarData.sunny[11] = 31;
     view.solarData.partlyCloudy[11] = 0;
     view.solarData.overcast[11] = 0;
-    const auto canvas = drawn(view, kSize);
-    expectFrame(canvas, kSize);
-
-    const auto lines = canvas.all<platform::draw::StrokePath>();
-    ASSERT_EQ(lines.size(), 8u);
-    const platform::Stroke grid{kGray.withOpacity(0.2), 1};
-    for (int i = 0; i < 7; ++i) {
-        const double y = 175 - 25 * i;
-        EXPECT_THAT(lines[static_cast<std::size_t>(i)], isLine({35, y}, {485, y}, grid));
-    }
-
-    const auto bars = canvas.all<platform::draw::FillRect>();
-    ASSERT_EQ(bars.size(), 36u);
-    EXPECT_THAT(
-        std::vector(bars.begin(), bars.begin() + 4),
-        ElementsAre(isFill({41.25, 125, 25, 50}, kSunnyYellow), isFill({41.25, 75, 25, 50}, kOlive),
-                    isFill({41.25, 20, 25, 55}, kDarkGray),
-                    isFill({78.75, 125, 25, 50}, kSunnyYellow)));
-    EXPECT_THAT(
-        std::vector(bars.begin() + 33, bars.end()),
-        ElementsAre(isFill({453.75, 20, 25, 155}, kSunnyYellow),
-                    isFill({453.75, 20, 25, 0}, kOlive), isFill({453.75, 20, 25, 0}, kDarkGray)));
-
-    const auto texts = canvas.all<platform::draw::Text>();
-    ASSERT_EQ(texts.size(), 19u);
-    EXPECT_THAT(texts[0], isText("0g", {23, 175}, {7, false, kGray}));
-    EXPECT_THAT(texts[6], isText("30g", {23, 25}, {7, false, kGray}));
-    EXPECT_THAT(texts[7], isText("Gen", {53.75, 185}, {8, false, kGray}));
-    EXPECT_THAT(texts[18], isText("Dic", {466.25, 185}, {8, false, kGray}));
-}
-
-TEST(SolarChartView, DrawsPrecipitationOverTheBars) {
-    SolarChartView view{{everyMonth(1), everyMonth(1), everyMonth(1), everyMonth(0)}};
     view.solarData.precip[1] = 7.5;
-    const auto canvas = drawn(view, kSize);
-    const auto& last = canvas.commands[canvas.commands.size() - 3];
-    ASSERT_TRUE(std::holds_alternative<platform::draw::StrokePath>(last));
-    const auto line = std::get<platform::draw::StrokePath>(last);
-    EXPECT_EQ(line.stroke, kBlueLine);
-    ASSERT_EQ(line.path.polylines.size(), 1u);
-    const auto& points = line.path.polylines[0].points;
-    ASSERT_EQ(points.size(), 12u);
-    EXPECT_FALSE(line.path.polylines[0].closed);
-    EXPECT_THAT(points[0], isAt(53.75, 175));
-    EXPECT_THAT(points[1], isAt(91.25, 137.5));
-    EXPECT_THAT(points[11], isAt(466.25, 175));
+    const std::vector<std::string> commands = drawn(view, kSize);
+    ASSERT_EQ(commands.size(), 3u + 7 * 2 + 12 * 4 + 3);
+    const auto part = [&](std::ptrdiff_t from, std::ptrdiff_t count) {
+        return std::vector(commands.begin() + from, commands.begin() + from + count);
+    };
+    EXPECT_THAT(part(0, 5),
+                ElementsAre("round #ffffff 0,0 500x200 6", "save", "clip 0,0 500x200 6",
+                            "line gray@0.2 1 open 35,175 485,175", "text 0g gray 7 23,175"));
+    EXPECT_THAT(part(15, 7),
+                ElementsAre("line gray@0.2 1 open 35,25 485,25", "text 30g gray 7 23,25",
+                            "fill #ffe600 41.25,125 25x50", "fill #d6d69c 41.25,75 25x50",
+                            "fill #666666 41.25,20 25x55", "text Gen gray 8 53.75,185",
+                            "fill #ffe600 78.75,125 25x50"));
+    EXPECT_THAT(part(61, 7),
+                ElementsAre("fill #ffe600 453.75,20 25x155", "fill #d6d69c 453.75,20 25x0",
+                            "fill #666666 453.75,20 25x0", "text Dic gray 8 466.25,185",
+                            "line #2f80ed 2 open 53.75,175 91.25,137.5 128.75,175 166.25,175 "
+                            "203.75,175 241.25,175 278.75,175 316.25,175 353.75,175 391.25,175 "
+                            "428.75,175 466.25,175",
+                            "restore", "frame gray@0.2 1 0,0 500x200 6"));
 }
 
 TEST(SolarChartView, LeavesOutWhatIsMissing) {
     const double nan = std::nan("");
     const SolarChartView view{{{1}, {2, nan, 3}, {}, {5, nan, 6}}};
-    const auto canvas = drawn(view, kSize);
-    EXPECT_THAT(
-        canvas.all<platform::draw::FillRect>(),
-        ElementsAre(isFill({41.25, 170, 25, 5}, kSunnyYellow), isFill({41.25, 160, 25, 10}, kOlive),
-                    isFill({116.25, 160, 25, 15}, kOlive)));
-    EXPECT_THAT(precipitationOf(canvas), isLine({53.75, 150}, {128.75, 145}, kBlueLine));
-    EXPECT_EQ(canvas.all<platform::draw::Text>().size(), 19u);
-    EXPECT_TRUE(precipitationOf(drawn(SolarChartView{}, kSize)).path.polylines[0].points.empty());
+    EXPECT_THAT(drawn(view, kSize, "fill"),
+                ElementsAre("fill #ffe600 41.25,170 25x5", "fill #d6d69c 41.25,160 25x10",
+                            "fill #d6d69c 116.25,160 25x15"));
+    EXPECT_EQ(drawn(view, kSize, "line").back(), "line #2f80ed 2 open 53.75,150 128.75,145");
+    EXPECT_EQ(drawn(SolarChartView{}, kSize, "line").back(), "line #2f80ed 2 open");
 }
 
 TEST(SolarChartView, KeepsTheBaselineUnderEndlessBars) {
     const double infinity = std::numeric_limits<double>::infinity();
     for (const double endless : {1e6, 1e17, 1e300, 1e308, infinity}) {
         const SolarChartView view{{{endless, -endless}, {-endless, 10}, {7, 1}, {endless}}};
-        const auto bars = drawn(view, kSize).all<platform::draw::FillRect>();
+        const auto bars = tests::recorded(view, kSize).all<platform::draw::FillRect>();
         ASSERT_EQ(bars.size(), 6u);
         // Up from the baseline out of the view; down from it; out of sight on top of that.
         EXPECT_NEAR(bars[0].rect.y + bars[0].rect.height, 175, 1e-3) << endless;

@@ -3,17 +3,15 @@
 #include <cstdint>
 #include <limits>
 
-#include "engine/wind_range.h"
-#include "tests/charts/drawing.h"
+#include <gmock/gmock.h>
+
+#include "tests/support/drawing.h"
 
 namespace kalvo::charts {
 namespace {
 
-using engine::WindRange;
-using platform::kGray;
-using testing::DoubleNear;
 using testing::ElementsAre;
-using testing::Field;
+using tests::drawn;
 
 // The centre is (200, 145), the radius 130.
 constexpr platform::Size kSize{400, 300};
@@ -22,57 +20,22 @@ constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
 /// A rose with one sector of one class.
 WindRoseChartView roseOf(std::int64_t count) { return {{{0, {count, 0, 0, 0, 0, 0, 0}}}}; }
 
-testing::Matcher<const platform::draw::StrokeCircle&> isRing(double radius) {
-    using platform::draw::StrokeCircle;
-    return testing::AllOf(
-        Field(&StrokeCircle::centre, isAt(200, 145)),
-        Field(&StrokeCircle::radius, DoubleNear(radius, kTiny)),
-        Field(&StrokeCircle::stroke, platform::Stroke{kGray.withOpacity(0.3), 1}));
-}
-
-testing::Matcher<const platform::draw::FillWedge&> isWedge(int sector,
-                                                           double radius,
-                                                           std::size_t windClass) {
-    using platform::Wedge;
-    using platform::draw::FillWedge;
-    return testing::AllOf(
-        Field(&FillWedge::wedge,
-              testing::AllOf(Field(&Wedge::centre, isAt(200, 145)),
-                             Field(&Wedge::radius, DoubleNear(radius, kTiny)),
-                             Field(&Wedge::startBearing, DoubleNear(22.5 * sector - 7.5, kTiny)),
-                             Field(&Wedge::endBearing, DoubleNear(22.5 * sector + 7.5, kTiny)))),
-        Field(&FillWedge::color, WindRange::colors[windClass]));
-}
-
-TEST(WindRoseChartView, DrawsRingsAndSpokesWithoutData) {
-    const auto canvas = drawn(WindRoseChartView{}, kSize);
-    expectFrame(canvas, kSize);
-    EXPECT_THAT(canvas.all<platform::draw::StrokeCircle>(), ElementsAre(isRing(65), isRing(130)));
-    EXPECT_TRUE(canvas.all<platform::draw::FillWedge>().empty());
-    const platform::Stroke spoke{kGray.withOpacity(0.2), 1};
-    const platform::Point centre{200, 145};
-    const double diagonal = 130 / std::sqrt(2.0);
-    EXPECT_THAT(canvas.all<platform::draw::StrokePath>(),
-                ElementsAre(isLine(centre, {200, 15}, spoke),
-                            isLine(centre, {200 + diagonal, 145 - diagonal}, spoke),
-                            isLine(centre, {330, 145}, spoke),
-                            isLine(centre, {200 + diagonal, 145 + diagonal}, spoke),
-                            isLine(centre, {200, 275}, spoke),
-                            isLine(centre, {200 - diagonal, 145 + diagonal}, spoke),
-                            isLine(centre, {70, 145}, spoke),
-                            isLine(centre, {200 - diagonal, 145 - diagonal}, spoke)));
-    const platform::TextStyle ring{7, false, kGray};
-    const platform::TextStyle compass{8, true, kGray};
-    const double outside = 142 / std::sqrt(2.0);
+TEST(WindRoseChartView, DrawsRingsThenSpokesWithoutData) {
+    // A diagonal of 130 points goes 91.9239 either way, one of 142 points 100.409.
     EXPECT_THAT(
-        canvas.all<platform::draw::Text>(),
+        drawn(WindRoseChartView{}, kSize),
         ElementsAre(
-            isText("500", {200, 74}, ring), isText("1000", {200, 9}, ring),
-            isText("N", {200, 3}, compass), isText("NE", {200 + outside, 145 - outside}, compass),
-            isText("E", {342, 145}, compass), isText("SE", {200 + outside, 145 + outside}, compass),
-            isText("S", {200, 287}, compass), isText("SW", {200 - outside, 145 + outside}, compass),
-            isText("W", {58, 145}, compass),
-            isText("NW", {200 - outside, 145 - outside}, compass)));
+            "round #ffffff 0,0 400x300 6", "save", "clip 0,0 400x300 6",
+            "ring gray@0.3 1 200,145 65", "text 500 gray 7 200,74", "ring gray@0.3 1 200,145 130",
+            "text 1000 gray 7 200,9", "line gray@0.2 1 open 200,145 200,15",
+            "text N gray 8 bold 200,3", "line gray@0.2 1 open 200,145 291.924,53.0761",
+            "text NE gray 8 bold 300.409,44.5908", "line gray@0.2 1 open 200,145 330,145",
+            "text E gray 8 bold 342,145", "line gray@0.2 1 open 200,145 291.924,236.924",
+            "text SE gray 8 bold 300.409,245.409", "line gray@0.2 1 open 200,145 200,275",
+            "text S gray 8 bold 200,287", "line gray@0.2 1 open 200,145 108.076,236.924",
+            "text SW gray 8 bold 99.5908,245.409", "line gray@0.2 1 open 200,145 70,145",
+            "text W gray 8 bold 58,145", "line gray@0.2 1 open 200,145 108.076,53.0761",
+            "text NW gray 8 bold 99.5908,44.5908", "restore", "frame gray@0.2 1 0,0 400x300 6"));
 }
 
 TEST(WindRoseChartView, ChoosesTheScaleFromTheLargestSector) {
@@ -98,31 +61,28 @@ TEST(WindRoseChartView, ChoosesTheScaleFromTheLargestSector) {
 }
 
 TEST(WindRoseChartView, KeepsTheInnerRingsOfTheLargeScales) {
-    EXPECT_THAT(drawn(roseOf(1300), kSize).all<platform::draw::StrokeCircle>(),
-                ElementsAre(isRing(130.0 / 3), isRing(130.0 * 2 / 3)));
-    EXPECT_THAT(drawn(roseOf(0), kSize).all<platform::draw::StrokeCircle>(),
-                ElementsAre(isRing(65), isRing(130)));
+    EXPECT_THAT(drawn(roseOf(1300), kSize, "ring"),
+                ElementsAre("ring gray@0.3 1 200,145 43.3333", "ring gray@0.3 1 200,145 86.6667"));
 }
 
-TEST(WindRoseChartView, PaintsWedgesFromTheOutsideIn) {
+TEST(WindRoseChartView, PaintsWedgesFromTheOutsideInOverEverythingElse) {
     // 100 counts are 32.5 points at the scale of 400.
     const WindRoseChartView view{{{4, {40, 0, 60, 100, 0, 80, 20}}, {15, {0, 40}}}};
-    const auto canvas = drawn(view, kSize);
+    const auto commands = drawn(view, kSize);
     EXPECT_THAT(
-        canvas.all<platform::draw::FillWedge>(),
-        ElementsAre(isWedge(4, 97.5, 6), isWedge(4, 91, 5), isWedge(4, 65, 4), isWedge(4, 65, 3),
-                    isWedge(4, 32.5, 2), isWedge(4, 13, 1), isWedge(4, 13, 0), isWedge(15, 13, 6),
-                    isWedge(15, 13, 5), isWedge(15, 13, 4), isWedge(15, 13, 3), isWedge(15, 13, 2),
-                    isWedge(15, 13, 1)));
-    // Over everything else.
-    const auto& commands = canvas.commands;
-    EXPECT_TRUE(std::holds_alternative<platform::draw::FillWedge>(commands[commands.size() - 3]));
-    const auto firstWedge = std::ranges::find_if(commands, [](const auto& command) {
-        return std::holds_alternative<platform::draw::FillWedge>(command);
-    });
-    EXPECT_TRUE(std::all_of(firstWedge, commands.end() - 2, [](const auto& command) {
-        return std::holds_alternative<platform::draw::FillWedge>(command);
-    }));
+        std::vector(commands.end() - 16, commands.end()),
+        ElementsAre(
+            "text NW gray 8 bold 99.5908,44.5908", "wedge #ffd600 200,145 97.5 from 82.5 to 97.5",
+            "wedge #a4c639 200,145 91 from 82.5 to 97.5",
+            "wedge #008d5e 200,145 65 from 82.5 to 97.5",
+            "wedge #2ed158 200,145 65 from 82.5 to 97.5",
+            "wedge #a3f7bf 200,145 32.5 from 82.5 to 97.5",
+            "wedge #d1f7ec 200,145 13 from 82.5 to 97.5",
+            "wedge #cbd5e1 200,145 13 from 82.5 to 97.5",
+            "wedge #ffd600 200,145 13 from 330 to 345", "wedge #a4c639 200,145 13 from 330 to 345",
+            "wedge #008d5e 200,145 13 from 330 to 345", "wedge #2ed158 200,145 13 from 330 to 345",
+            "wedge #a3f7bf 200,145 13 from 330 to 345", "wedge #d1f7ec 200,145 13 from 330 to 345",
+            "restore", "frame gray@0.2 1 0,0 400x300 6"));
 }
 
 TEST(WindRoseChartView, DrawsOddDataByTheSameRules) {
@@ -131,11 +91,11 @@ TEST(WindRoseChartView, DrawsOddDataByTheSameRules) {
                                   {2, {}},
                                   {3, {kLargest, kLargest, kLargest}},
                                   {16, {70}}}};
-    const auto wedges = drawn(view, kSize).all<platform::draw::FillWedge>();
+    const auto wedges = drawn(view, kSize, "wedge");
     ASSERT_EQ(wedges.size(), 4u + 7u);  // sector 0 is above zero for the classes 2 to 5 only
-    EXPECT_THAT(wedges[0], isWedge(0, 0.65, 5));
-    EXPECT_THAT(wedges[3], isWedge(0, 0.65, 2));
-    EXPECT_GT(wedges[4].wedge.radius, 1e15);
+    EXPECT_EQ(wedges[0], "wedge #a4c639 200,145 0.65 from -7.5 to 7.5");
+    EXPECT_EQ(wedges[3], "wedge #a3f7bf 200,145 0.65 from -7.5 to 7.5");
+    EXPECT_THAT(wedges[4], testing::HasSubstr("e+"));
 }
 
 TEST(WindRoseChartView, KnowsWhatLiesUnderAPoint) {

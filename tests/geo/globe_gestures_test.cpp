@@ -101,72 +101,80 @@ TEST(GlobeGesturesTest, TapNamesThePlaceInDegrees) {
     tap(view, {115, 115}, {230, 230});
 }
 
-TEST(GlobePointerTest, APressBecomesADragAtTenPoints) {
+TEST(GlobePointerTest, TellsTapsFromDrags) {
+    enum Kind { kPress, kRepeatedPress, kMove, kRelease };
+    struct Step {
+        Kind kind;
+        platform::Point at;
+        bool counts;  // a move as a drag, a release as a tap
+    };
     GlobePointer pointer;
-    const GlobeView::Time now{};
-    EXPECT_FALSE(pointer.move({50, 0}, now));
-    pointer.press({0, 0}, now, GlobePointer::Press::kFirst);
-    EXPECT_FALSE(pointer.move({7, -7}, now + 1s));  // 9.9 points
-    const auto drag = pointer.move({6, -8}, now + 2s);
-    ASSERT_TRUE(drag);
-    EXPECT_EQ(drag->translation, (platform::Size{6, -8}));
-    // Back where it began it is still the same drag, and no tap when it ends.
-    EXPECT_TRUE(pointer.move({0, 0}, now + 3s));
-    EXPECT_FALSE(pointer.release());
-    EXPECT_FALSE(pointer.move({50, 0}, now + 4s));
+    GlobeView::Time now{};
+    int step = 0;
+    for (const auto& [kind, at, counts] : {
+             Step{kMove, {50, 0}, false},  // not pressed
+             Step{kPress, {0, 0}, {}},
+             Step{kMove, {7, -7}, false},  // 9.9 points
+             Step{kMove, {6, -8}, true},
+             Step{kMove, {0, 0}, true},  // back where it began: still a drag, and then no tap
+             Step{kRelease, {}, false},
+             Step{kMove, {50, 0}, false},
+             Step{kPress, {0, 0}, {}},
+             Step{kMove, {3, 3}, false},
+             Step{kRelease, {}, true},
+             Step{kRelease, {}, false},
+             Step{kRepeatedPress, {3, 3}, {}},  // the second one of a double click
+             Step{kRelease, {}, false},
+             Step{kRepeatedPress, {0, 0}, {}},
+             Step{kMove, {3, 40}, true},
+         }) {
+        SCOPED_TRACE(testing::Message() << "step " << ++step);
+        now += 1s;
+        using Press = GlobePointer::Press;
+        if (kind == kPress) pointer.press(at, now, Press::kFirst);
+        if (kind == kRepeatedPress) pointer.press(at, now, Press::kRepeated);
+        if (kind == kRelease) {
+            EXPECT_EQ(pointer.release(), counts);
+        }
+        if (kind != kMove) continue;
+        const auto drag = pointer.move(at, now);
+        ASSERT_EQ(drag.has_value(), counts);
+        if (drag) {
+            EXPECT_EQ(drag->translation, (platform::Size{at.x, at.y}));
+        }
+    }
 }
 
-TEST(GlobePointerTest, AShortPressIsATapOnce) {
+TEST(GlobePointerTest, PredictsTheEndFromTheLatestVelocity) {
+    struct Stretch {
+        const char* what;
+        std::chrono::milliseconds pace;
+        int steps;
+        double step;   // points
+        double glide;  // beyond the last step
+    };
     GlobePointer pointer;
-    const GlobeView::Time now{};
+    GlobeView::Time now{};
     pointer.press({0, 0}, now, GlobePointer::Press::kFirst);
-    EXPECT_FALSE(pointer.move({3, 3}, now));
-    EXPECT_TRUE(pointer.release());
-    EXPECT_FALSE(pointer.release());
-    pointer.press({3, 3}, now, GlobePointer::Press::kRepeated);
-    EXPECT_FALSE(pointer.release());
-    pointer.press({3, 3}, now, GlobePointer::Press::kRepeated);
-    EXPECT_TRUE(pointer.move({3, 40}, now));
-}
-
-TEST(GlobePointerTest, AStraightDragNeverTurnsBack) {
-    GlobePointer pointer;
-    const GlobeView::Time now{};
+    double x = 0;
+    for (const auto& [what, pace, steps, step, glide] : {
+             Stretch{"slow", 1s, 1, 20, 0},
+             // Only the last 100 ms count: at 1000 points a second it would glide 250 on.
+             Stretch{"fast", 10ms, 30, 10, 250},
+             Stretch{"as fast in smaller steps", 1ms, 200, 1, 250},
+             Stretch{"held still", 1s, 1, 1, 0},
+         }) {
+        std::optional<GlobeDrag> drag;
+        for (int i = 0; i < steps; ++i) drag = pointer.move({x += step, 0}, now += pace);
+        ASSERT_TRUE(drag) << what;
+        EXPECT_NEAR(drag->predictedEndTranslation.width, x + glide, 1e-6) << what;
+        EXPECT_NEAR(drag->predictedEndTranslation.height, 0, 1e-6) << what;
+    }
+    // The first move of all has little time behind it: no leap.
     pointer.press({0, 0}, now, GlobePointer::Press::kFirst);
     const auto drag = pointer.move({30, 0}, now + 1ms);
     ASSERT_TRUE(drag);
     EXPECT_LE(drag->predictedEndTranslation.width, 30 + 75);
-}
-
-TEST(GlobePointerTest, PredictsTheEndFromTheLatestVelocity) {
-    GlobePointer pointer;
-    GlobeView::Time now{};
-    pointer.press({0, 0}, now, GlobePointer::Press::kFirst);
-    // Slow at first, then 10 points every 10 ms: only the last 100 ms count, and at 1000 points a
-    // second the drag would glide 250 points on.
-    now += 1s;
-    std::optional<GlobeDrag> drag = pointer.move({20, 0}, now);
-    ASSERT_TRUE(drag);
-    EXPECT_EQ(drag->predictedEndTranslation, drag->translation);
-    for (int i = 1; i <= 30; ++i) {
-        now += 10ms;
-        drag = pointer.move({20.0 + 10 * i, 0}, now);
-    }
-    ASSERT_TRUE(drag);
-    EXPECT_NEAR(drag->predictedEndTranslation.width, 320 + 250, 1e-6);
-    EXPECT_NEAR(drag->predictedEndTranslation.height, 0, 1e-6);
-    // A fast mouse tells the same velocity in smaller steps.
-    for (int i = 1; i <= 200; ++i) {
-        now += 1ms;
-        drag = pointer.move({320.0 + i, 0}, now);
-    }
-    ASSERT_TRUE(drag);
-    EXPECT_NEAR(drag->predictedEndTranslation.width, 520 + 250, 1e-6);
-    // Held still, it ends where it is.
-    now += 1s;
-    drag = pointer.move({521, 0}, now);
-    ASSERT_TRUE(drag);
-    EXPECT_EQ(drag->predictedEndTranslation, drag->translation);
 }
 
 }  // namespace

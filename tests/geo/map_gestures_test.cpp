@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <variant>
 
 namespace kalvo::geo {
 namespace {
@@ -10,69 +12,56 @@ namespace {
 using platform::Point;
 using platform::Size;
 
-TEST(MapGestures, APinchIsRecognisedFromAHundredth) {
+TEST(MapGestures, PinchesAndDragsActTogetherFromTheirThresholdsToTheirLimits) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kEnd = 0;  // of a pinch
+    constexpr Size kRelease{0, 0};
+    struct Step {
+        std::variant<double, Size> change;  // the magnification, or the translation
+        double scale;
+        Size offset;
+    };
     MapGestures map;
-    pinchChanged(map, 1.009);
-    pinchChanged(map, 0.991);
-    EXPECT_EQ(map, MapGestures{});
-    pinchChanged(map, 1.02);
-    EXPECT_DOUBLE_EQ(map.scale, 1.02);
-    pinchChanged(map, 1.0);  // once recognised, every change counts
-    EXPECT_DOUBLE_EQ(map.scale, 1);
-    pinchEnded(map);
-    pinchChanged(map, 1.005);
-    EXPECT_DOUBLE_EQ(map.scale, 1);
-}
-
-TEST(MapGestures, PinchesGoOnFromTheReachedScaleAndStopAtTheLimits) {
-    MapGestures map;
-    pinchChanged(map, 2);
-    pinchChanged(map, 4);
-    EXPECT_DOUBLE_EQ(map.scale, 4);
-    pinchEnded(map);
-    pinchChanged(map, 2);
-    EXPECT_DOUBLE_EQ(map.scale, 8);
-    pinchChanged(map, 8);
-    EXPECT_DOUBLE_EQ(map.scale, 15);
-    // What went beyond the limit is forgotten: half the magnification halves the scale.
-    pinchChanged(map, 4);
-    EXPECT_DOUBLE_EQ(map.scale, 7.5);
-    pinchEnded(map);
-    pinchChanged(map, 0.01);
-    EXPECT_DOUBLE_EQ(map.scale, 0.8);
-    for (const double senseless : {0.0, -1.0, std::numeric_limits<double>::infinity(),
-                                   std::numeric_limits<double>::quiet_NaN()}) {
-        pinchChanged(map, senseless);
-        EXPECT_DOUBLE_EQ(map.scale, 0.8);
+    int step = 0;
+    for (const auto& [change, scale, offset] : {
+             Step{1.009, 1, {0, 0}},  // recognised from a hundredth on, either way
+             Step{0.991, 1, {0, 0}},
+             Step{1.02, 1.02, {0, 0}},
+             Step{1.0, 1, {0, 0}},  // once recognised, every change counts
+             Step{kEnd, 1, {0, 0}},
+             Step{1.005, 1, {0, 0}},
+             Step{2.0, 2, {0, 0}},
+             Step{4.0, 4, {0, 0}},
+             Step{kEnd, 4, {0, 0}},
+             Step{2.0, 8, {0, 0}},  // goes on from the reached scale
+             Step{8.0, 15, {0, 0}},
+             Step{4.0, 7.5, {0, 0}},  // what went beyond the limit is forgotten
+             Step{Size{6, 7.9}, 7.5, {0, 0}},
+             Step{Size{6, 8}, 7.5, {6, 8}},  // ten points, and then it counts whole
+             Step{Size{-1, 2}, 7.5, {-1, 2}},
+             Step{8.0, 15, {-1, 2}},
+             Step{kEnd, 15, {-1, 2}},
+             Step{Size{30, 2}, 15, {30, 2}},  // the end of the pinch is none of the drag
+             Step{kRelease, 15, {30, 2}},
+             Step{Size{9, 0}, 15, {30, 2}},
+             Step{Size{0, 20}, 15, {30, 22}},
+             Step{0.01, 0.8, {30, 22}},
+             Step{-1.0, 0.8, {30, 22}},
+             Step{kInfinity, 0.8, {30, 22}},
+             Step{std::nan(""), 0.8, {30, 22}},
+         }) {
+        if (const double* pinch = std::get_if<double>(&change)) {
+            *pinch == kEnd ? pinchEnded(map) : pinchChanged(map, *pinch);
+        } else {
+            const Size drag = std::get<Size>(change);
+            drag == kRelease ? dragEnded(map) : dragChanged(map, drag);
+        }
+        SCOPED_TRACE(testing::Message() << "step " << ++step);
+        EXPECT_DOUBLE_EQ(map.scale, scale);
+        EXPECT_EQ(map.offset, offset);
     }
-    EXPECT_EQ(map.offset, (Size{0, 0})) << "a pinch leaves the offset alone";
-}
-
-TEST(MapGestures, ADragIsRecognisedFromTenPointsAndThenCountsWhole) {
-    MapGestures map;
-    dragChanged(map, {6, 7.9});
-    EXPECT_EQ(map, MapGestures{});
-    dragChanged(map, {6, 8});
-    EXPECT_EQ(map.offset, (Size{6, 8}));
-    dragChanged(map, {-1, 2});
-    EXPECT_EQ(map.offset, (Size{-1, 2}));
-    dragEnded(map);
-    EXPECT_EQ(map.lastOffset, (Size{0, 0}));
-    dragChanged(map, {9, 0});
-    EXPECT_EQ(map.offset, (Size{-1, 2}));
-    dragChanged(map, {0, 20});
-    EXPECT_EQ(map.offset, (Size{-1, 22}));
-}
-
-TEST(MapGestures, PinchAndDragActAtTheSameTime) {
-    MapGestures map;
-    dragChanged(map, {30, 0});
-    pinchChanged(map, 2);
-    dragChanged(map, {40, 0});
-    pinchEnded(map);
-    dragChanged(map, {50, 0});
-    EXPECT_DOUBLE_EQ(map.scale, 2);
-    EXPECT_EQ(map.offset, (Size{50, 0}));
+    pinchChanged(map, 0);
+    EXPECT_DOUBLE_EQ(map.scale, 0.8);
 }
 
 TEST(MapGestures, ZoomingKeepsWhatIsUnderTheAnchor) {

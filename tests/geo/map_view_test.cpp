@@ -2,16 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include "engine/calculation_engine.h"
-#include "platform/recording_canvas.h"
 #include "tests/geo/geojson_texts.h"
+#include "tests/support/drawing.h"
 
 namespace kalvo::geo {
 namespace {
 
-using platform::Color;
 using platform::Point;
-using platform::RecordingCanvas;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::featureText;
@@ -28,10 +25,8 @@ MapView viewOf(MapType type, std::optional<GeoMapData> map) {
             .onSelectLocation = {}};
 }
 
-RecordingCanvas drawn(const MapView& view, platform::Size size = {128, 128}) {
-    RecordingCanvas canvas;
-    view.draw(canvas, size);
-    return canvas;
+std::vector<std::string> drawn(const MapView& view, const std::string& kind = "") {
+    return tests::drawn(view, {128, 128}, kind);
 }
 
 GeoMapData outlines(const std::string& coordinates) {
@@ -149,43 +144,33 @@ TEST(MapView, WithoutDataShowsThatItIsWaiting) {
     view.targetLat = 42;
     view.targetLon = 12;
     view.gestures.scale = 3;
-    EXPECT_THAT(
-        drawn(view).commands,
-        ElementsAre(platform::draw::FillRect{{0, 0, 128, 128}, Color::hex("#f4f9fc")},
-                    platform::draw::Text{
-                        "Caricamento mappa in corso...", {64, 64}, {13, false, platform::kGray}}));
+    EXPECT_THAT(drawn(view), ElementsAre("fill #f4f9fc 0,0 128x128",
+                                         "text Caricamento mappa in corso... gray 13 64,64"));
 }
 
 TEST(MapView, DrawsEachRingFilledThenStrokedThenTheTarget) {
-    MapView view =
-        viewOf(MapType::kRegion, mapOf({featureText("{}", "[" + kSquare + "]"),
-                                        featureText("{}",
-                                                    "[[[15,15],[20,10]],[[[12,12],[14,12],"
-                                                    "[13,14],[12,12]]]]")}));
+    MapView view = viewOf(
+        MapType::kRegion,
+        mapOf({featureText("{}", "[" + kSquare + "]"),
+               featureText("{}", "[[[15,15],[20,10]],[[[12,12],[14,12],[13,14],[12,12]]]]")}));
     view.targetLat = 15;
     view.targetLon = 12;
     view.gestures.scale = 2;
     view.gestures.offset = {5, -7};
-    const platform::Path square{{{{{14, 114}, {114, 114}, {114, 14}, {14, 14}}, true}}};
-    const platform::Path triangle{{{{{34, 94}, {54, 94}, {44, 74}, {34, 94}}, true}}};
-    const Color fill = Color::hex("#e2ebf0");
-    const platform::Stroke stroke{Color::hex("#b0c4de"), 1};
-    using namespace platform::draw;
-    EXPECT_THAT(
-        drawn(view).commands,
-        ElementsAre(FillRect{{0, 0, 128, 128}, Color::hex("#f4f9fc")}, Save{}, Translate{69, 57},
-                    Scale{2}, Translate{-64, -64}, FillPath{square, fill},
-                    StrokePath{square, stroke}, FillPath{triangle, fill},
-                    StrokePath{triangle, stroke}, FillCircle{{34, 64}, 7, platform::kRed},
-                    StrokeCircle{{34, 64}, 7, {platform::kWhite, 1.5}},
-                    FillCircle{{34, 64}, 3, platform::kWhite}, Restore{}));
+    EXPECT_THAT(drawn(view),
+                ElementsAre("fill #f4f9fc 0,0 128x128", "save", "move 69 57", "scale 2",
+                            "move -64 -64", "area #e2ebf0 closed 14,114 114,114 114,14 14,14",
+                            "line #b0c4de 1 closed 14,114 114,114 114,14 14,14",
+                            "area #e2ebf0 closed 34,94 54,94 44,74 34,94",
+                            "line #b0c4de 1 closed 34,94 54,94 44,74 34,94", "disc #ff3b30 34,64 7",
+                            "ring #ffffff 1.5 34,64 7", "disc #ffffff 34,64 3", "restore"));
     view.targetLat = {};
-    EXPECT_THAT(drawn(view).all<FillCircle>(), IsEmpty()) << "half a target is none";
+    EXPECT_THAT(drawn(view, "disc"), IsEmpty()) << "half a target is none";
 }
 
 TEST(MapView, AMapOutsideItsQuarterOfTheWorldDrawsOnlyTheGround) {
     const MapView view = viewOf(MapType::kProvince, outlines("[[[-70,-30],[-60,-30],[-65,-20]]]"));
-    EXPECT_THAT(drawn(view).all<platform::draw::FillPath>(), IsEmpty());
+    EXPECT_THAT(drawn(view, "area"), IsEmpty());
 }
 
 TEST(MapView, ColoursFollowTheModeAndTheSelection) {
@@ -195,20 +180,17 @@ TEST(MapView, ColoursFollowTheModeAndTheSelection) {
     const GeoMapData map =
         mapOf({feature(R"({"regione":"Lazio","provincia":"Roma","sigla":"rm"})"),
                feature(R"({"provincia":"Agrigento","sigla":"Ag"})"), feature("{}")});
-    struct Style {
-        const char* fill;
-        const char* stroke;
-        double width;
-    };
-    const Style region{"#e2ebf0", "#b0c4de", 1};
-    const Style chosenRegion{"#3a9ad9", "#1f5f7a", 2};
-    const Style province{"#e8eff2", "#cbd6db", 1};
-    const Style chosenProvince{"#fca311", "#b25c00", 2};
+    const std::string region = "#e2ebf0, #b0c4de 1";  // fill, stroke and its width
+    const std::string chosenRegion = "#3a9ad9, #1f5f7a 2";
+    const std::string province = "#e8eff2, #cbd6db 1";
+    const std::string chosenProvince = "#fca311, #b25c00 2";
+    const std::string calm = "#b4dcff, #9cb1bb 1";
+    const std::string windy = "#ff1e0f, #9cb1bb 1";
     struct Case {
         MapType type;
         std::optional<std::string> selectedRegion;
         std::optional<std::string> selectedProvince;
-        std::array<Style, 3> styles;
+        std::vector<std::string> styles;
     };
     using enum MapType;
     for (const Case& c : std::vector<Case>{
@@ -222,36 +204,19 @@ TEST(MapView, ColoursFollowTheModeAndTheSelection) {
              {kProvince, "Lazio", {}, {province, province, province}},
              {kProvince, {}, "Rm", {chosenProvince, province, province}},
              {kProvince, "Lazio", "AG", {province, chosenProvince, province}},
+             {kWind, "Lazio", "RM", {windy, calm, calm}},
          }) {
         MapView view = viewOf(c.type, map);
         view.selectedRegion = c.selectedRegion;
         view.selectedProvince = c.selectedProvince;
-        const RecordingCanvas canvas = drawn(view);
-        const auto fills = canvas.all<platform::draw::FillPath>();
-        const auto strokes = canvas.all<platform::draw::StrokePath>();
-        ASSERT_EQ(fills.size(), 3u);
-        ASSERT_EQ(strokes.size(), 3u);
-        for (std::size_t i = 0; i < 3; ++i) {
-            EXPECT_EQ(fills[i].color, Color::hex(c.styles[i].fill)) << i;
-            EXPECT_EQ(strokes[i].stroke,
-                      (platform::Stroke{Color::hex(c.styles[i].stroke), c.styles[i].width}))
-                << i;
+        view.provinceWindMap = {{"RM", 5900}, {"Ag", 5900}};
+        const auto fills = drawn(view, "area");
+        const auto strokes = drawn(view, "line");
+        std::vector<std::string> found;
+        for (std::size_t i = 0; i < std::min(fills.size(), strokes.size()); ++i) {
+            found.push_back(fills[i].substr(5, 7) + ", " + strokes[i].substr(5, 9));
         }
-    }
-
-    MapView wind = viewOf(kWind, map);
-    wind.selectedRegion = "Lazio";
-    wind.selectedProvince = "RM";
-    wind.provinceWindMap = {{"RM", 5900}, {"Ag", 5900}};
-    const RecordingCanvas canvas = drawn(wind);
-    const Color calm{180 / 255.0, 220 / 255.0, 1, 1};
-    const auto fills = canvas.all<platform::draw::FillPath>();
-    ASSERT_EQ(fills.size(), 3u);
-    EXPECT_EQ(fills[0].color, engine::CalculationEngine::getWindColor(5900));
-    EXPECT_EQ(fills[1].color, calm);
-    EXPECT_EQ(fills[2].color, calm);
-    for (const auto& [path, stroke] : canvas.all<platform::draw::StrokePath>()) {
-        EXPECT_EQ(stroke, (platform::Stroke{Color::hex("#9cb1bb"), 1}));
+        EXPECT_EQ(found, c.styles);
     }
 }
 
