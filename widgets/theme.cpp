@@ -84,9 +84,10 @@ QString& family() {
 /// The weights are files of their own, because a variable font of the same name on the system
 /// would otherwise lend its faces.
 void loadFonts(const platform::Bundle& bundle) {
-    constexpr std::array kFaces{"Inter-Regular", "Inter-Medium", "Inter-SemiBold", "Inter-Bold"};
+    constexpr std::array kFaces{"KalvoInter-Regular", "KalvoInter-Medium", "KalvoInter-SemiBold",
+                                "KalvoInter-Bold"};
     for (const char* face : kFaces) {
-        const auto path = bundle.path(std::string("fonts/") + face, "otf");
+        const auto path = bundle.path(std::string("fonts/") + face, "ttf");
         if (!path) continue;
         const int id = QFontDatabase::addApplicationFont(QString::fromStdString(path->string()));
         const QStringList families = QFontDatabase::applicationFontFamilies(id);
