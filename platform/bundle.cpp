@@ -45,11 +45,11 @@ Result<std::string> readFile(const std::filesystem::path& path) {
     std::string bytes;
     std::error_code unknownSize;
     if (const auto size = std::filesystem::file_size(path, unknownSize); !unknownSize) {
-        bytes.resize(size);
+        // A byte more than expected, which stays free, shows that the file ends there.
+        bytes.resize(size + 1);
     }
     std::size_t length = 0;
     while (true) {
-        // One byte more than expected shows that the file ends where its size says.
         if (length == bytes.size()) bytes.resize(length + 1 + length / 2);
         const std::size_t got =
             std::fread(bytes.data() + length, 1, bytes.size() - length, file.get());
