@@ -14,11 +14,11 @@ void combine(std::size_t& seed, const Field& field) {
 std::size_t std::hash<kalvo::engine::Location>::operator()(
     const kalvo::engine::Location& location) const noexcept {
     std::size_t seed = 0;
-    for (const std::string* text :
-         {&location.label, &location.city, &location.province, &location.region, &location.station,
-          &location.stationOwner, &location.source}) {
+    for (const std::string* text : {&location.label, &location.city, &location.province,
+                                    &location.region, &location.station, &location.stationOwner}) {
         combine(seed, *text);
     }
+    combine(seed, location.source);
     for (const std::optional<double>* number :
          {&location.kwh1kw, &location.kwh2kw, &location.kwh3kw, &location.latitude,
           &location.longitude}) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace kalvo::engine {
 
@@ -19,7 +20,7 @@ struct Location {
     std::optional<double> longitude;  // degrees east
     std::string station;              // weather station the yields come from; may be empty
     std::string stationOwner;         // its operator; empty for catalogue places
-    std::string source;               // "comuni_italia.csv" or "Meteoblue Online"
+    std::string_view source;          // a constant: "comuni_italia.csv" or "Meteoblue Online"
 
     friend bool operator==(const Location&, const Location&) = default;
 };

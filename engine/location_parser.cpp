@@ -112,7 +112,7 @@ Location readPlace(const Fields& fields, const Columns& columns) {
         .longitude = numberIn(fields, columns.longitude),
         .station = std::string(station),
         .stationOwner = "",
-        .source = std::string(kCatalogueFile),
+        .source = kCatalogueFile,
     };
 }
 

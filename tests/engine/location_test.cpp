@@ -13,9 +13,10 @@ TEST(Location, EqualityAndHashCoverEveryField) {
     std::vector<Location> places(1);
     for (std::string Location::*text :
          {&Location::label, &Location::city, &Location::province, &Location::region,
-          &Location::station, &Location::stationOwner, &Location::source}) {
+          &Location::station, &Location::stationOwner}) {
         places.emplace_back().*text = "filled";
     }
+    places.emplace_back().source = "filled";
     for (std::optional<double> Location::*number :
          {&Location::kwh1kw, &Location::kwh2kw, &Location::kwh3kw, &Location::latitude,
           &Location::longitude}) {
