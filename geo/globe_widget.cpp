@@ -1,12 +1,14 @@
 #include "geo/globe_widget.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QTimerEvent>
 
 #include "geo/globe_gestures.h"
@@ -95,18 +97,18 @@ platform::Size GlobeWidget::viewSize() const {
     return {static_cast<double>(width()), static_cast<double>(height())};
 }
 
-GlobeScene& GlobeWidget::scene() {
-    if (!scene_) {
-        const std::vector<engine::CountryRing>& rings = countryRings_();
-        hasCountries_ = !rings.empty();
-        scene_ = GlobeScene::make(rings);
-    }
-    return *scene_;
+void GlobeWidget::makeScene() {
+    const std::vector<engine::CountryRing>& rings = countryRings_();
+    hasCountries_ = !rings.empty();
+    scene_ = GlobeScene::make(rings);
+    ground_.key.reset();
+    update();
 }
 
 void GlobeWidget::measureTexts() {
     hintSize_ = textSize(*this, kGlobeHint, globeHintStyle());
-    labelSize_ = textSize(*this, view_.targetName.value_or(""), globeLabelStyle());
+    labelSize_ =
+        view_.targetName ? textSize(*this, *view_.targetName, globeLabelStyle()) : platform::Size{};
 }
 
 QRect GlobeWidget::discSquare() const {
@@ -142,7 +144,7 @@ void GlobeWidget::keepGround(double scale) {
     painter.translate(-ground_.topLeft);
     platform::QtCanvas canvas(painter, viewSize(), &thinLines_);
     canvas.fillRect({0, 0, viewSize().width, viewSize().height}, globeGroundColor());
-    view_.drawGround(canvas, viewSize(), scene());
+    view_.drawGround(canvas, viewSize(), scene_);
 }
 
 void GlobeWidget::paintEvent(QPaintEvent* event) {
@@ -155,7 +157,7 @@ void GlobeWidget::paintEvent(QPaintEvent* event) {
             globeGroundColor());
     }
     painter.drawImage(ground_.topLeft, ground_.picture);
-    view_.drawTurning(canvas, viewSize(), scene());
+    view_.drawTurning(canvas, viewSize(), scene_);
     const platform::Rect hint = globeHintBox(hintSize_);
     if (QRectF(hint.x, hint.y, hint.width, hint.height).intersects(event->rect())) {
         drawGlobeHint(canvas, hintSize_);
@@ -163,6 +165,9 @@ void GlobeWidget::paintEvent(QPaintEvent* event) {
     if (hasFocusRing_) {
         canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
                                  {platform::Color::hex("#4fcb91"), 1.6});
+    }
+    if (std::exchange(areLinesDue_, false)) {
+        QTimer::singleShot(0, this, &GlobeWidget::makeScene);
     }
 }
 
@@ -184,7 +189,7 @@ void GlobeWidget::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         view_.isAutoRotating = true;
         view_.lastDragTime = now();
-        if (!hasCountries_) scene_.reset();
+        areLinesDue_ = !hasCountries_;
     }
     runTimer();
 }

@@ -25,8 +25,8 @@ class GlobeWidget final : public QWidget {
  public:
     using CountryRings = std::function<const std::vector<engine::CountryRing>&()>;
 
-    /// The rings are asked for when the globe is first painted, and again the next time it is
-    /// shown if there were none.
+    /// The rings are asked for once the globe has been painted as a bare disc, so that its window
+    /// need not wait for its lines, and again the next time it is shown if there were none.
     explicit GlobeWidget(CountryRings countryRings, QWidget* parent = nullptr);
 
     /// Told the centre, in radians, whenever the globe has moved by itself or by the user's hand.
@@ -75,7 +75,7 @@ class GlobeWidget final : public QWidget {
     };
 
     [[nodiscard]] platform::Size viewSize() const;
-    [[nodiscard]] GlobeScene& scene();
+    void makeScene();
     void describe();
     void measureTexts();
     /// What the disc and its rim fill, and what may change while the globe turns.
@@ -90,7 +90,8 @@ class GlobeWidget final : public QWidget {
     void setFocusRing(bool shown);
 
     CountryRings countryRings_;
-    std::optional<GlobeScene> scene_;
+    GlobeScene scene_{};
+    bool areLinesDue_ = true;  // after the next painting
     bool hasCountries_ = false;
     GlobeView view_;
     GlobePointer pointer_;
