@@ -80,6 +80,8 @@ SidebarWidget::SidebarWidget(ContentView& state, QWidget* parent)
     ground.setColor(QPalette::Window, widgets::Theme::current().sidebar);
     setPalette(ground);
 
+    // Before it is filled: the page it takes in is measured.
+    setWidget(page_);
     column_->setSpacing(kSpacing);
     column_->addLayout(makeHeader());
     column_->addSpacing(kHeaderBottom);
@@ -93,7 +95,6 @@ SidebarWidget::SidebarWidget(ContentView& state, QWidget* parent)
     column_->addWidget(result_);
     column_->addStretch(1);
     column_->addWidget(makeNotice());
-    setWidget(page_);
     connectControls();
     showState();
 }

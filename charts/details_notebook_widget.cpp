@@ -18,13 +18,14 @@ DetailsNotebookWidget::DetailsNotebookWidget(platform::Pasteboard& pasteboard, Q
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     auto* pages = new QWidget;
+    // Before it is filled: the page it takes in is measured.
+    setWidget(pages);
     auto* layout = new QVBoxLayout(pages);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(wind_);
     layout->addWidget(solar_);
     layout->addStretch(1);
-    setWidget(pages);
     solar_->hide();
     arrange();
 }

@@ -15,7 +15,8 @@ ImageView::ImageView(const QSize& frame, Scaling scaling, double cornerRadius, Q
 }
 
 bool ImageView::setImage(const std::optional<std::filesystem::path>& path) {
-    image_ = path ? QPixmap(QString::fromStdString(path->string())) : QPixmap();
+    // Named, the format needs no look at the image plugins.
+    image_ = path ? QPixmap(QString::fromStdString(path->string()), "PNG") : QPixmap();
     update();
     return !image_.isNull();
 }
