@@ -41,7 +41,8 @@ QImage largestPicture(std::string_view file) {
 
 QImage loadApplicationIcon(const platform::Bundle& bundle) {
     if (const auto png = bundle.path("logo_rounded", "png")) {
-        return QImage(QString::fromStdString(png->string()));
+        // Named, the format needs no look at the image plugins.
+        return QImage(QString::fromStdString(png->string()), "PNG");
     }
     if (const auto icns = bundle.path("AppIcon", "icns")) {
         if (const auto file = platform::readFile(*icns)) return largestPicture(*file);

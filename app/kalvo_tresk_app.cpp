@@ -12,6 +12,7 @@
 #include "app/about_panel.h"
 #include "app/application_icon.h"
 #include "app/makers_texts.h"
+#include "widgets/next_frame.h"
 
 namespace kalvo::app {
 
@@ -40,13 +41,16 @@ Kalvo_TreskApp::Kalvo_TreskApp(const Services& services,
                                platform::NotificationCenter& notifications,
                                platform::Workspace& workspace)
     : services_(services), notifications_(notifications), workspace_(workspace) {
-    if (const QImage icon = loadApplicationIcon(services.bundle); !icon.isNull()) {
-        QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
-    }
     for (std::size_t tab = 0; tab < kMapItems.size(); ++tab) {
         observations_.push_back(notifications_.observe(
             kMapItems[tab].notification, [this, tab] { selectMap(static_cast<int>(tab)); }));
     }
+}
+
+void Kalvo_TreskApp::showIcon() {
+    if (!QApplication::windowIcon().isNull()) return;
+    const QImage icon = loadApplicationIcon(services_.bundle);
+    if (!icon.isNull()) QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
 }
 
 QMainWindow* Kalvo_TreskApp::openWindow() {
@@ -58,6 +62,7 @@ QMainWindow* Kalvo_TreskApp::openWindow() {
     addMenus(*window, *screen);
     window->setMinimumSize(900, 600);
     window->resize(initialSize(window->screen()));
+    widgets::afterNextFrame(*window, [this] { showIcon(); });
     window->show();
     return window;
 }

@@ -25,6 +25,7 @@ class Kalvo_TreskApp final : public QObject {
     QMainWindow* openWindow();
 
  private:
+    void showIcon();
     void addMenus(QMainWindow& window, MainScreen& screen);
     void addApplicationMenu(QMainWindow& window, MainScreen& screen);
     void addMapMenu(QMainWindow& window);

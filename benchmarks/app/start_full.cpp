@@ -1,13 +1,11 @@
 // The application up to the first frame of its full window.
 
+#include "app/run_application.h"
 #include "benchmarks/app/first_frame.h"
-#include "tools/support/tool_application.h"
+#include "widgets/next_frame.h"
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    kalvo::tools::NoNetwork network;
-    kalvo::tools::ToolApplication kalvo(network);
-    const kalvo::app::MainScreen& screen = kalvo.openScreen();
-    const kalvo::benchmarks::EndAfterFirstFrame end(*screen.window());
-    return QApplication::exec();
+    return kalvo::app::runApplication(argc, argv, [](QMainWindow& window) {
+        kalvo::widgets::afterNextFrame(window, kalvo::benchmarks::endAtFirstFrame);
+    });
 }
