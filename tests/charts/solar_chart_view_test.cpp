@@ -93,6 +93,13 @@ TEST(SolarChartView, KnowsWhatLiesUnderAPoint) {
               "Gennaio\nSole: 10 giorni\nParzialmente nuvoloso: 7,5 giorni\nCoperto: 11 giorni\n"
               "Pioggia: 12 giorni");
     EXPECT_EQ(SolarChartView{}.describe({0, Condition::kSunny}), "Gennaio · Sole: nessun dato");
+    for (const auto& [days, text] : {std::pair{1.0, "1 giorno"},
+                                     {-0.01, "0 giorni"},
+                                     {std::nan(""), "nessun dato"},
+                                     {1e300, "1e+300 giorni"}}) {
+        view.solarData.sunny[0] = days;
+        EXPECT_EQ(view.describe({0, Condition::kSunny}), std::string("Gennaio · Sole: ") + text);
+    }
 }
 
 TEST(SolarChartView, SumsItselfUpInASentence) {

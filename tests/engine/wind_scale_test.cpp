@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 #include "engine/calculation_engine.h"
-#include "engine/wind_range.h"
 
 namespace kalvo::engine {
 namespace {
@@ -38,13 +37,6 @@ TEST(WindColor, RunsThroughTheStopsOfItsRamp) {
           Case{kInfinity, rgb(255, 30, 15)}, Case{std::nan(""), rgb(255, 30, 15)}}) {
         EXPECT_EQ(CalculationEngine::getWindColor(kwh), color) << kwh;
     }
-}
-
-TEST(WindRange, ClassesHaveTheirColours) {
-    EXPECT_EQ(WindRange::labels.front(), "< 2 km/h");
-    EXPECT_EQ(WindRange::labels.back(), "40-50 km/h");
-    EXPECT_EQ(WindRange::colors.front(), rgb(0xCB, 0xD5, 0xE1));
-    EXPECT_EQ(WindRange::colors.back(), rgb(255, 214, 0));
 }
 
 }  // namespace

@@ -2,25 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
-#include <QPaintEvent>
 #include <QTest>
 
-#include "geo/globe_projection.h"
+#include "tests/support/painted_areas.h"
 
 namespace kalvo::geo {
 namespace {
-
-/// What of a widget has been painted, each time.
-struct PaintedAreas final : QObject {
-    std::vector<QRect> list;
-
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (const auto* paint = dynamic_cast<QPaintEvent*>(event)) list.push_back(paint->rect());
-        return false;
-    }
-};
 
 /// A globe of radius 100 round (115, 115), with what it told.
 class GlobeWidgetTest : public testing::Test {
@@ -82,12 +69,10 @@ TEST_F(GlobeWidgetTest, ADragTurnsTheGlobeAndIsNoTap) {
 
 TEST_F(GlobeWidgetTest, KeysTurnTapAndPause) {
     showStill();
-    QTest::keyClick(&globe_, Qt::Key_Right);
-    QTest::keyClick(&globe_, Qt::Key_Right);
-    QTest::keyClick(&globe_, Qt::Key_Left);
-    QTest::keyClick(&globe_, Qt::Key_Up);
-    QTest::keyClick(&globe_, Qt::Key_Up);
-    QTest::keyClick(&globe_, Qt::Key_Down);
+    for (const Qt::Key key :
+         {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}) {
+        QTest::keyClick(&globe_, key);
+    }
     EXPECT_EQ(moves_, 6);
     QTest::keyClick(&globe_, Qt::Key_Return);
     ASSERT_EQ(taps_.size(), 1u);
@@ -134,8 +119,7 @@ TEST_F(GlobeWidgetTest, TurnsOnlyWhileItIsShown) {
 
 TEST_F(GlobeWidgetTest, PaintsOnlyTheDiscWhileItTurnsAndNothingUnseen) {
     globe_.resize(400, 230);
-    PaintedAreas areas;
-    globe_.installEventFilter(&areas);
+    tests::PaintedAreas areas(globe_);
     globe_.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&globe_));
     ASSERT_TRUE(QTest::qWaitFor([&] { return areas.list.size() >= 3; }, 2000));
@@ -180,22 +164,17 @@ TEST_F(GlobeWidgetTest, AsksForTheCountriesOnceItIsPaintedAndUntilThereAreSome) 
     EXPECT_EQ(requestsOncePainted(), 2);
 }
 
-TEST_F(GlobeWidgetTest, ASetCenterIsNotToldBack) {
+TEST_F(GlobeWidgetTest, ShowsAndTellsItsCenterAndItsTarget) {
     globe_.setCenter(0.35, 12);
     EXPECT_EQ(globe_.centerLat(), 0.35);
     EXPECT_EQ(globe_.centerLon(), 12);
-    EXPECT_EQ(moves_, 0);
-}
-
-TEST_F(GlobeWidgetTest, DescribesItsTarget) {
+    EXPECT_EQ(moves_, 0) << "who sets the centre knows it";
     EXPECT_TRUE(globe_.accessibleDescription().startsWith("Nessun luogo segnato."));
     globe_.setTarget(41.89, -12.51, "Roma");
     EXPECT_TRUE(globe_.accessibleDescription().startsWith(
         QStringLiteral("Luogo segnato: Roma, 41,9° nord, 12,5° ovest.")))
         << globe_.accessibleDescription().toStdString();
-}
-
-TEST_F(GlobeWidgetTest, PaintsTheGroundEverywhereAndTheMarkOnTop) {
+    globe_.setCenter(0, 0);
     globe_.setTarget(0, 0, std::nullopt);
     const QImage picture = globe_.grab().toImage();
     EXPECT_EQ(picture.pixelColor(2, 227), QColor("#0c1d2d"));

@@ -103,18 +103,14 @@ TEST(WindSpeedsDecoder, KeepsToTheMonthsLengthForCountsOfAnySize) {
 
 TEST(WindSpeedsDecoder, LetsALaterSeriesOfAClassReplaceMonthByMonth) {
     // Class 0 is the measure: January has 10 to 10, 15.5 days each, February 10 to 5.
-    const auto distribution =
-        parseWindSpeedsJSON(chart(series("<2", "[10, 10]") + "," + series("40-50 km/h", "[30, 5]") +
-                                  "," + series("> 50 km/h", "[10, null]")));
+    const auto distribution = parseWindSpeedsJSON(
+        chart(series("<2", "[10,10,0,0,0,0,0,0,0,0,0,1,31,31]") + "," +
+              series("40-50 km/h", "[30, 5]") + "," + series("> 50 km/h", "[10, null]")));
     EXPECT_THAT(distribution.at("Gen"), ElementsAre(15, 0, 0, 0, 0, 0, 16));
     EXPECT_THAT(distribution.at("Feb"), ElementsAre(19, 0, 0, 0, 0, 0, 9));
-}
-
-TEST(WindSpeedsDecoder, IgnoresAThirteenthMonth) {
-    const auto distribution =
-        parseWindSpeedsJSON(chart(series("2-5", "[1,1,1,1,1,1,1,1,1,1,1,1,1,1]")));
+    // There is no thirteenth month.
     EXPECT_EQ(distribution.size(), 12U);
-    EXPECT_THAT(distribution.at("Dic"), ElementsAre(0, 31, 0, 0, 0, 0, 0));
+    EXPECT_THAT(distribution.at("Dic"), ElementsAre(31, 0, 0, 0, 0, 0, 0));
 }
 
 TEST(WindRoseDecoder, PutsASeriesIntoTheFirstClassItsNameContains) {

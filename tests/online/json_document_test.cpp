@@ -42,19 +42,14 @@ TEST(JsonDocument, ReadsNumbersInFullPrecision) {
          0.500000000000000166533453693773481063544750213623046875},
         {"-9223372036854775809", -9223372036854775808.0},
         {"100000000000000000000", 1e20},
-        {R"(["\"12345678901234567890123", -123456789012345678901234567890])",
-         -123456789012345678901234567890.0},
+        {"-123456789012345678901234567890", -123456789012345678901234567890.0},
     };
     for (const auto& [text, value] : kCases) {
-        const auto document = JsonDocument::parse(std::string("{\"n\": ") + text + "}");
+        const auto document = JsonDocument::parse(
+            std::string(R"({"\"1234567890123456789012": 1E+2, "n": )") + text + "}");
         ASSERT_TRUE(document) << text;
-        simdjson::dom::array array;
-        if (document->root()["n"].get(array)) {
-            EXPECT_EQ(numberMember(document->root(), "n"), value) << text;
-        } else {
-            EXPECT_EQ(std::string_view(array.at(0)), "\"12345678901234567890123") << text;
-            EXPECT_EQ(double(array.at(1)), value) << text;
-        }
+        EXPECT_EQ(numberMember(document->root(), "n"), value) << text;
+        EXPECT_EQ(numberMember(document->root(), "\"1234567890123456789012"), 100) << text;
     }
 }
 
