@@ -12,16 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-GlobeView globe() {
-    return {.centerLat = 0,
-            .centerLon = 0,
-            .targetLat = {},
-            .targetLon = {},
-            .targetName = {},
-            .highlightedCountry = {},
-            .onGlobeTap = {}};
-}
-
 /// Ticks for a while; returns how far the globe has turned.
 double turned(GlobeView& view, GlobeView::Time& now, std::chrono::milliseconds duration) {
     const double before = view.centerLon;
@@ -33,14 +23,14 @@ double turned(GlobeView& view, GlobeView::Time& now, std::chrono::milliseconds d
 }
 
 TEST(GlobeGesturesTest, TurnsAFullTurnInAboutSeventyEightSeconds) {
-    GlobeView view = globe();
+    GlobeView view{};
     GlobeView::Time now = view.lastDragTime;
     EXPECT_NEAR(turned(view, now, 1s), 0.08, 1e-12);
     EXPECT_NEAR(turned(view, now, 78500ms), 2 * kPi, 0.01);
 }
 
 TEST(GlobeGesturesTest, RestsFourSecondsAfterTheLastDragChange) {
-    GlobeView view = globe();
+    GlobeView view{};
     GlobeView::Time now = view.lastDragTime;
     dragChanged(view, {{10, 0}, {10, 0}}, now);
     EXPECT_FALSE(view.isAutoRotating);
@@ -55,7 +45,7 @@ TEST(GlobeGesturesTest, RestsFourSecondsAfterTheLastDragChange) {
 }
 
 TEST(GlobeGesturesTest, EveryDragChangeAppliesTheWholeTranslation) {
-    GlobeView view = globe();
+    GlobeView view{};
     const GlobeDrag drag{{50, 100}, {80, 300}};
     dragChanged(view, drag, view.lastDragTime);
     EXPECT_NEAR(view.centerLat, 0.021, 1e-12);    // (100 - 30) x 0.0003
@@ -66,7 +56,7 @@ TEST(GlobeGesturesTest, EveryDragChangeAppliesTheWholeTranslation) {
 }
 
 TEST(GlobeGesturesTest, DraggingStopsBeforeThePoles) {
-    GlobeView view = globe();
+    GlobeView view{};
     for (const double height : {1e6, -1e6}) {
         dragChanged(view, {{0, height}, {0, height}}, view.lastDragTime);
         EXPECT_NEAR(toDegrees(view.centerLat), std::copysign(85, height), 1e-12);
@@ -74,7 +64,7 @@ TEST(GlobeGesturesTest, DraggingStopsBeforeThePoles) {
 }
 
 TEST(GlobeGesturesTest, APausedGlobeStaysUntilItIsStartedAgain) {
-    GlobeView view = globe();
+    GlobeView view{};
     GlobeView::Time now = view.lastDragTime;
     togglePause(view);
     EXPECT_EQ(turned(view, now, 10s), 0);
@@ -85,7 +75,7 @@ TEST(GlobeGesturesTest, APausedGlobeStaysUntilItIsStartedAgain) {
 }
 
 TEST(GlobeGesturesTest, TapNamesThePlaceInDegrees) {
-    GlobeView view = globe();
+    GlobeView view{};
     view.centerLat = toRadians(45);
     view.centerLon = 10 * kPi + toRadians(9);
     std::vector<engine::LatLon> taps;

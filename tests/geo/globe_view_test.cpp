@@ -20,13 +20,10 @@ using testing::SizeIs;
 constexpr platform::Size kView{230, 230};
 
 GlobeView viewFrom(double lat, double lon) {
-    return {.centerLat = toRadians(lat),
-            .centerLon = toRadians(lon),
-            .targetLat = {},
-            .targetLon = {},
-            .targetName = {},
-            .highlightedCountry = {},
-            .onGlobeTap = {}};
+    GlobeView view{};
+    view.centerLat = toRadians(lat);
+    view.centerLon = toRadians(lon);
+    return view;
 }
 
 RecordingCanvas drawn(const GlobeView& view, const std::vector<CountryRing>& rings) {

@@ -15,14 +15,10 @@ using tests::featureText;
 using tests::mapOf;
 
 MapView viewOf(MapType type, std::optional<GeoMapData> map) {
-    return {.mapType = type,
-            .geoData = std::move(map),
-            .selectedRegion = {},
-            .selectedProvince = {},
-            .provinceWindMap = {},
-            .targetLat = {},
-            .targetLon = {},
-            .onSelectLocation = {}};
+    MapView view{};
+    view.mapType = type;
+    view.geoData = std::move(map);
+    return view;
 }
 
 std::vector<std::string> drawn(const MapView& view, const std::string& kind = "") {

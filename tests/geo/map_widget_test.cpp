@@ -26,14 +26,10 @@ GeoMapData square(const std::string& properties) {
 }
 
 MapView mapView(MapType type) {
-    return {.mapType = type,
-            .geoData = square(R"({"regione":"Lazio","provincia":"Rom<a>","sigla":"RM"})"),
-            .selectedRegion = {},
-            .selectedProvince = {},
-            .provinceWindMap = {},
-            .targetLat = {},
-            .targetLon = {},
-            .onSelectLocation = {}};
+    MapView view{};
+    view.mapType = type;
+    view.geoData = square(R"({"regione":"Lazio","provincia":"Rom<a>","sigla":"RM"})");
+    return view;
 }
 
 class MapWidgetTest : public testing::Test {

@@ -19,13 +19,11 @@ std::vector<std::string> names(const std::vector<MeteoblueSearchResult>& places)
 }
 
 MeteoblueSearchResult placeAt(std::string name, double lat, double lon) {
-    return {.name = std::move(name),
-            .country = "",
-            .lat = lat,
-            .lon = lon,
-            .slug = "",
-            .iso2 = "",
-            .label = ""};
+    MeteoblueSearchResult place{};
+    place.name = std::move(name);
+    place.lat = lat;
+    place.lon = lon;
+    return place;
 }
 
 TEST(SearchDecoder, ReadsEveryFieldOfAPlace) {
