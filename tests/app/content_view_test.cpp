@@ -42,6 +42,8 @@ constexpr const char* kTwoPlaces =
 constexpr const char* kRomaLabel = "Roma (Italy) [lat: 41.9, lon: 12.5]";
 constexpr const char* kRomeLabel = "Rome (USA) [lat: 34.25, lon: -85.16]";
 
+constexpr const char* kClimatePage = R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
+                                     R"(<img id="blooimage" data-url="//c.test/wind_rose">)";
 const std::string kClimateUrl = "https://site.test/en/weather/forecast/modelclimate/";
 
 struct OwnFolder {
@@ -253,9 +255,7 @@ TEST_F(ContentViewTest, AnOnlineSearchEndsInTheDownloadOfItsFirstPlace) {
     EXPECT_EQ(place.source, "Meteoblue Online");
 
     answerClimate("unused");
-    ASSERT_TRUE(session.release(kClimateUrl + "roma",
-                                R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
-                                R"(<img id="blooimage" data-url="//c.test/wind_rose">)"));
+    ASSERT_TRUE(session.release(kClimateUrl + "roma", kClimatePage));
     EXPECT_EQ(redraws, 2);
     EXPECT_FALSE(state.isFetchingOnline);
     EXPECT_EQ(state.detailsText,

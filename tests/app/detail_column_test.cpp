@@ -32,14 +32,9 @@ TEST_F(DetailColumnTest, EveryMapGetsItsOutlinesAndNoMore) {
     EXPECT_EQ(map()->view().provinceWindMap, state().provinceWindMap);
     EXPECT_EQ(map()->view().targetLat, state().targetLat);
 
-    struct Map {
-        const char* button;
-        geo::MapType type;
-        std::size_t features;
-    };
+    using enum geo::MapType;
     for (const auto& [button, type, features] :
-         {Map{"Mappa Regioni", geo::MapType::kRegion, 20},
-          Map{"Mappa Province", geo::MapType::kProvince, 107}}) {
+         {std::tuple{"Mappa Regioni", kRegion, 20u}, {"Mappa Province", kProvince, 107u}}) {
         click(button);
         EXPECT_EQ(map()->view().mapType, type);
         EXPECT_EQ(map()->view().geoData->features.size(), features);

@@ -59,15 +59,6 @@ TEST(WindChartView, ReadsFaultyDataAsFarAsTheyGo) {
                             "fill #ffd600 195,-135 30x310"));
 }
 
-TEST(WindChartView, KeepsTheBaselineUnderEndlessBars) {
-    const WindChartView view{{{"Gen", {kLargest, 0, 0, 0, 0, kLargest, kLargest}}}};
-    const auto bars = tests::recorded(view, kSize).all<platform::draw::FillRect>();
-    ASSERT_EQ(bars.size(), 3u);
-    EXPECT_NEAR(bars[0].rect.y + bars[0].rect.height, 175, 1e-3);
-    EXPECT_LT(bars[0].rect.y, -1e6);
-    for (const auto& bar : bars) EXPECT_LE(bar.rect.y + bar.rect.height, 175.001);
-}
-
 TEST(WindChartView, KnowsWhatLiesUnderAPoint) {
     const WindChartView view{{{"Gen", {0, 0, 0, 15, 0, 0, 10}}, {"Apr", {0, 0, 0, 0, 0, 0, 1}}}};
     using Hit = WindChartView::Hit;

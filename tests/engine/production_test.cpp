@@ -13,14 +13,6 @@ double production(const WindDistribution& dist, int kw) {
     return CalculationEngine::calculateProductionFromDistribution(dist, kw);
 }
 
-TEST(Production, OfAStandardYear) {
-    const WindDistribution year = CalculationEngine::calculateMonthlyWindDistribution(
-        {.kwh = 3200, .lat = {}, .lon = {}, .region = ""});
-    EXPECT_EQ(production(year, 1), 1992);
-    EXPECT_EQ(production(year, 2), 3984);
-    EXPECT_EQ(production(year, 3), 5868);
-}
-
 TEST(Production, GivesEveryClassItsOutput) {
     struct Case {
         std::size_t windClass;

@@ -9,6 +9,7 @@ namespace kalvo::geo {
 namespace {
 
 using platform::Point;
+using platform::Size;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::featureText;
@@ -53,19 +54,24 @@ TEST(MapBounds, HoldAllUsablePositions) {
 }
 
 TEST(MapProjection, FitsTheBoxWithAMarginAndCentresIt) {
-    // 472 / 11.6 points a degree; 11.89 of them leave (1000 - 483.8) / 2 on both sides.
-    const MapProjection wide(kDefaultMapBounds, {1000, 500});
-    EXPECT_NEAR(wide.scale(), 40.69, 0.005);
-    EXPECT_NEAR(wide.offsetX(), 258.1, 0.05);
-    EXPECT_NEAR(wide.offsetY(), 14, 1e-9);
-    const Point northWest = wide.project(6.62, 47.09);
-    EXPECT_NEAR(northWest.x, wide.offsetX(), 1e-9);
-    EXPECT_NEAR(northWest.y, 14, 1e-9);
-    EXPECT_NEAR(wide.project(18.51, 35.49).y, 486, 1e-9);
-
-    const MapProjection tall({10, 20, 10, 15}, {128, 328});
-    EXPECT_EQ(tall.project(10, 15), (Point{14, 139}));
-    EXPECT_EQ(tall.project(20, 10), (Point{114, 189}));
+    struct Case {
+        MapBounds bounds;
+        Size view;
+        Point position;  // longitude and latitude
+        Point at;
+    };
+    // 472 points for 11.6 degrees are 40.69 each; 11.89 of them leave (1000 - 483.8) / 2 to both
+    // sides.
+    const double side = (1000 - 11.89 * 472 / 11.6) / 2;
+    for (const auto& [bounds, view, position, at] :
+         {Case{kDefaultMapBounds, {1000, 500}, {6.62, 47.09}, {side, 14}},
+          Case{kDefaultMapBounds, {1000, 500}, {18.51, 35.49}, {1000 - side, 486}},
+          Case{{10, 20, 10, 15}, {128, 328}, {10, 15}, {14, 139}},
+          Case{{10, 20, 10, 15}, {128, 328}, {20, 10}, {114, 189}}}) {
+        const Point found = MapProjection(bounds, view).project(position.x, position.y);
+        EXPECT_NEAR(found.x, at.x, 1e-9);
+        EXPECT_NEAR(found.y, at.y, 1e-9);
+    }
 }
 
 TEST(MapProjection, BoxesWithoutAnAreaAreFramedAllTheSame) {

@@ -62,14 +62,9 @@ TEST_F(OutlineLoading, RingsAreThinnedAndKeepTheirLastPosition) {
         std::size_t kept;
         double second;  // longitude of the second position kept
     };
-    for (const auto& [given, kept, second] : {Case{3, 3, 1},
-                                              {39, 39, 1},
-                                              {40, 40, 1},
-                                              {79, 79, 1},
-                                              {80, 41, 2},
-                                              {81, 41, 2},
-                                              {100, 51, 2},
-                                              {120, 41, 3}}) {
+    for (const auto& [given, kept, second] :
+         {Case{3, 3, 1}, Case{39, 39, 1}, Case{40, 40, 1}, Case{79, 79, 1}, Case{80, 41, 2},
+          Case{81, 41, 2}, Case{100, 51, 2}, Case{120, 41, 3}}) {
         const auto rings = worldRings(fmt::format("[{}]", ringOf(given)));
         ASSERT_EQ(rings.size(), 1u) << given;
         EXPECT_EQ(rings[0].size(), kept) << given;
@@ -123,12 +118,10 @@ TEST_F(OutlineLoading, TheFilesThatShipLoad) {
         const char* name;
         std::size_t features;
     };
-    for (const auto& [name, features] : {Case{"regioni", 20},
-                                         {"province", 107},
-                                         {"san_marino_regioni", 1},
-                                         {"san_marino_province", 9},
-                                         {"vatican_regioni", 1},
-                                         {"vatican_province", 1}}) {
+    for (const auto& [name, features] :
+         {Case{"regioni", 20}, Case{"province", 107}, Case{"san_marino_regioni", 1},
+          Case{"san_marino_province", 9}, Case{"vatican_regioni", 1},
+          Case{"vatican_province", 1}}) {
         const auto map = reader.loadGeoJSON(name);
         ASSERT_TRUE(map) << name;
         EXPECT_EQ(map->features.size(), features) << name;

@@ -179,19 +179,17 @@ TEST(CloudCoverageDecoder, TellsSkyConditionsByName) {
     const struct {
         const char* name;
         const char* expected;  // sunny, partly cloudy, overcast, precipitation
-    } kCases[] = {
-        {"Sunny", "1000"},
-        {"Giorni soleggiati", "1000"},
-        {"Partly cloudy", "0100"},
-        {"PARZIALMENTE", "0100"},
-        {"Partly sunny", "1000"},
-        {"Overcast", "0010"},
-        {"Coperto", "0010"},
-        {"Precipitation sunny", "0001"},
-        {"Precipitation days", "0001"},
-        {"over cast", "0000"},
-        {"", "0000"},
-    };
+    } kCases[] = {{"Sunny", "1000"},
+                  {"Giorni soleggiati", "1000"},
+                  {"Partly cloudy", "0100"},
+                  {"PARZIALMENTE", "0100"},
+                  {"Partly sunny", "1000"},
+                  {"Overcast", "0010"},
+                  {"Coperto", "0010"},
+                  {"Precipitation sunny", "0001"},
+                  {"Precipitation days", "0001"},
+                  {"over cast", "0000"},
+                  {"", "0000"}};
     for (const auto& [name, expected] : kCases) {
         const JsonDocument json = chart(series(name, "[1]"));
         const auto data = parseCloudCoverageJSON(&json);

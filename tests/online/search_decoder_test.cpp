@@ -85,14 +85,14 @@ TEST(MeteoblueSearchResult, HashesAndComparesByEveryField) {
     const MeteoblueSearchResult place = placeAt("Null Island", 0.0, 0.0);
     EXPECT_EQ(place, placeAt("Null Island", -0.0, -0.0));
     EXPECT_EQ(hash(place), hash(placeAt("Null Island", -0.0, -0.0)));
-    std::vector<MeteoblueSearchResult> others(7, place);
-    others[0].name = "x";
-    others[1].country = "x";
-    others[2].lat = 1;
-    others[3].lon = 1;
-    others[4].slug = "x";
-    others[5].iso2 = "x";
-    others[6].label = "x";
+    std::vector<MeteoblueSearchResult> others(2, place);
+    others[0].lat = 1;
+    others[1].lon = 1;
+    using Result = MeteoblueSearchResult;
+    for (std::string Result::*text :
+         {&Result::name, &Result::country, &Result::slug, &Result::iso2, &Result::label}) {
+        others.emplace_back(place).*text = "x";
+    }
     for (const MeteoblueSearchResult& other : others) {
         EXPECT_NE(other, place);
         EXPECT_NE(hash(other), hash(place));

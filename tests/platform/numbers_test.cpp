@@ -26,13 +26,17 @@ TEST(ParseDouble, RefusesAnythingRoundTheNumber) {
 }
 
 TEST(ShortestDecimal, AlwaysShowsThatItIsADouble) {
-    for (const auto& [value, text] : {std::pair{45.0, "45.0"},
-                                      {-33.925, "-33.925"},
-                                      {0.0001, "0.0001"},
-                                      {0.00001, "1e-05"},
-                                      {1e21, "1e+21"},
-                                      {1e15, "1000000000000000.0"},
-                                      {0.1 + 0.2, "0.30000000000000004"}}) {
+    const struct {
+        double value;
+        const char* text;
+    } kCases[] = {{45, "45.0"},
+                  {-33.925, "-33.925"},
+                  {0.0001, "0.0001"},
+                  {0.00001, "1e-05"},
+                  {1e15, "1000000000000000.0"},
+                  {1e21, "1e+21"},
+                  {0.1 + 0.2, "0.30000000000000004"}};
+    for (const auto& [value, text] : kCases) {
         EXPECT_EQ(shortestDecimal(value), text);
     }
 }
