@@ -61,7 +61,9 @@ TEST(SolarChartView, KeepsTheBaselineUnderEndlessBars) {
     const double infinity = std::numeric_limits<double>::infinity();
     for (const double endless : {1e6, 1e17, 1e300, 1e308, infinity}) {
         const SolarChartView view{{{endless, -endless}, {-endless, 10}, {7, 1}, {endless}}};
-        const auto bars = tests::recorded(view, kSize).all<platform::draw::FillRect>();
+        platform::RecordingCanvas canvas;
+        view.draw(canvas, kSize);
+        const auto bars = canvas.all<platform::draw::FillRect>();
         ASSERT_EQ(bars.size(), 6u);
         // Up from the baseline out of the view; down from it; out of sight on top of that.
         EXPECT_NEAR(bars[0].rect.y + bars[0].rect.height, 175, 1e-3) << endless;

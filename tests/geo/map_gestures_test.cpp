@@ -60,8 +60,6 @@ TEST(MapGestures, PinchesAndDragsActTogetherFromTheirThresholdsToTheirLimits) {
         EXPECT_DOUBLE_EQ(map.scale, scale);
         EXPECT_EQ(map.offset, offset);
     }
-    pinchChanged(map, 0);
-    EXPECT_DOUBLE_EQ(map.scale, 0.8);
 }
 
 TEST(MapGestures, ZoomingKeepsWhatIsUnderTheAnchor) {

@@ -73,14 +73,14 @@ QImage painted(const LineBatch& lines, double width, double scale, const QTransf
     QPen pen(Qt::black, width, Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
     pen.setMiterLimit(2);
     for (std::size_t i = 0; i < lines.starts.size(); ++i) {
-        const std::size_t end =
-            i + 1 < lines.starts.size() ? lines.starts[i + 1] : lines.points.size();
-        QPainterPath path;
-        for (std::size_t j = lines.starts[i]; j < end; ++j) {
-            const QPointF point(lines.points[j].x, lines.points[j].y);
-            if (j == lines.starts[i]) path.moveTo(point);
-            path.lineTo(point);
+        const bool isLast = i + 1 == lines.starts.size();
+        QPolygonF line;
+        for (std::size_t j = lines.starts[i];
+             j < (isLast ? lines.points.size() : lines.starts[i + 1]); ++j) {
+            line << QPointF(lines.points[j].x, lines.points[j].y);
         }
+        QPainterPath path;
+        path.addPolygon(line);
         painter.strokePath(path, pen);
     }
     return image;

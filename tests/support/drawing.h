@@ -97,17 +97,12 @@ struct Describe {
 }
 
 template <class View>
-[[nodiscard]] platform::RecordingCanvas recorded(const View& view, platform::Size size) {
-    platform::RecordingCanvas canvas;
-    view.draw(canvas, size);
-    return canvas;
-}
-
-template <class View>
 [[nodiscard]] std::vector<std::string> drawn(const View& view,
                                              platform::Size size,
                                              const std::string& kind = "") {
-    return described(recorded(view, size), kind);
+    platform::RecordingCanvas canvas;
+    view.draw(canvas, size);
+    return described(canvas, kind);
 }
 
 }  // namespace kalvo::tests
