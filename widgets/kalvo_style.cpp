@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScrollArea>
 
 #include "widgets/paint.h"
@@ -49,7 +50,12 @@ bool KalvoStyle::eventFilter(QObject* object, QEvent* event) {
             break;
         case QEvent::KeyRelease:
             // A menu opened from the keyboard goes on showing its own.
-            if (isAlt() && QApplication::activePopupWidget() == nullptr) underlineMnemonics(false);
+            if (isAlt() && qobject_cast<QMenu*>(QApplication::activePopupWidget()) == nullptr) {
+                underlineMnemonics(false);
+            }
+            break;
+        case QEvent::Hide:
+            if (qobject_cast<QMenu*>(object) != nullptr) underlineMnemonics(false);
             break;
         case QEvent::ApplicationStateChange:
             underlineMnemonics(false);

@@ -63,6 +63,8 @@ SegmentedControl::SegmentedControl(const QString& title,
                                    QWidget* parent)
     : QWidget(parent), group_(new QButtonGroup(this)) {
     setAccessibleName(title);
+    // A title's mnemonic leads only to what says that it takes the focus; the segments do take it.
+    setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(kTrackInset, kTrackInset, kTrackInset, kTrackInset);

@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
@@ -145,6 +146,15 @@ TEST_F(StyleTest, MnemonicsAreUnderlinedWhileAltIsHeld) {
     QTest::keyPress(&window, Qt::Key_Alt, Qt::AltModifier);
     EXPECT_EQ(hint(), 1);
     QTest::keyRelease(&window, Qt::Key_Alt);
+    EXPECT_EQ(hint(), 0);
+
+    QMenu menu;
+    menu.addAction(QStringLiteral("&Esci"));
+    QTest::keyPress(&window, Qt::Key_Alt, Qt::AltModifier);
+    menu.popup(QPoint());
+    QTest::keyRelease(&menu, Qt::Key_Alt);
+    EXPECT_EQ(hint(), 1) << "an open menu goes on showing its own";
+    menu.close();
     EXPECT_EQ(hint(), 0);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <QAccessible>
+#include <QLabel>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -13,15 +14,18 @@ class SegmentedControlTest : public testing::Test {
  protected:
     SegmentedControlTest() {
         control.resize(300, 28);
-        control.show();
-        QApplication::setActiveWindow(&control);
+        title.setBuddy(&control);
+        window.show();
+        QApplication::setActiveWindow(&window);
     }
 
     [[nodiscard]] QRadioButton* segment(int index) const {
         return control.findChildren<QRadioButton*>().at(index);
     }
 
-    SegmentedControl control{QStringLiteral("Tipo Turbina"), {"1 kW", "2 kW", "3 kW"}};
+    QWidget window;
+    QLabel title{QStringLiteral("&Tipo Turbina"), &window};
+    SegmentedControl control{QStringLiteral("Tipo Turbina"), {"1 kW", "2 kW", "3 kW"}, &window};
     QSignalSpy chosen{&control, &SegmentedControl::indexChosen};
 };
 
@@ -32,7 +36,7 @@ TEST_F(SegmentedControlTest, AClickAnywhereOnASegmentAndTheArrowsChoose) {
     control.setIndex(1);
     control.setIndex(7);
     EXPECT_EQ(control.index(), 1) << "an index out of range must leave the choice";
-    control.setFocus(Qt::ShortcutFocusReason);
+    QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
     EXPECT_TRUE(segment(1)->hasFocus());
     EXPECT_FALSE(segment(0)->focusPolicy() & Qt::TabFocus);
     QTest::keyClick(segment(1), Qt::Key_Left);
