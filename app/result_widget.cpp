@@ -25,10 +25,16 @@ QVBoxLayout* makeColumn(QWidget* page, int spacing) {
     return column;
 }
 
+/// No line ends within a figure and its unit.
+QString withUnbrokenFigures(QString text) {
+    return text.replace(QStringLiteral(" kWh/anno"), QStringLiteral("\u00a0kWh/\u2060anno"));
+}
+
 void showText(QLabel& label, const std::string& text) {
-    const QString shown = QString::fromStdString(text);
-    if (label.text() == shown) return;
-    label.setText(shown);
+    const QString read = QString::fromStdString(text);
+    if (label.accessibleName() == read) return;
+    label.setText(withUnbrokenFigures(read));
+    label.setAccessibleName(read);
     QAccessibleEvent announcement(&label, QAccessible::Alert);
     QAccessible::updateAccessibility(&announcement);
 }

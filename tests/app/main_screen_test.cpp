@@ -22,8 +22,9 @@ constexpr const char* kSearchUrl = "https://site.test/en/server/search/query3?qu
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8); }
 
-/// Whether a label with this text can be seen.
-bool shows(const QWidget& window, const QString& wanted) {
+/// Whether a label with this text can be seen; its lines do not end within a figure.
+bool shows(const QWidget& window, QString wanted) {
+    wanted.replace(text(" kWh/anno"), text("\u00a0kWh/\u2060anno"));
     for (const QLabel* label : window.findChildren<QLabel*>()) {
         if (label->isVisible() && label->text() == wanted) return true;
     }

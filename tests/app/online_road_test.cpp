@@ -65,7 +65,7 @@ TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
     const auto labels = window->findChildren<QLabel*>();
     const auto shown = [&](const QString& text) {
         return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
-            return label->isVisible() && label->text().contains(text);
+            return label->isVisible() && label->accessibleName().contains(text);
         });
     };
     // All 365 days at 48 kWh, and 120 sunny days at 2 x 5.5 kWh.
