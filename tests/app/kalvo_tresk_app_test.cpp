@@ -27,13 +27,6 @@ QMenu* menuOf(const QMainWindow& window, int index) {
     return window.menuBar()->actions().at(index)->menu();
 }
 
-QAction* actionFor(const QMainWindow& window, const QKeySequence& shortcut) {
-    for (QAction* action : window.findChildren<QAction*>()) {
-        if (action->shortcut() == shortcut) return action;
-    }
-    return nullptr;
-}
-
 using ApplicationTest = ScreenTest;
 
 TEST_F(ApplicationTest, HasThreeMenus) {
@@ -66,7 +59,7 @@ TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
 
 TEST_F(ApplicationTest, EveryWindowHasAStateOfItsOwn) {
     QMainWindow* first = window;
-    actionFor(*first, QKeySequence(Qt::CTRL | Qt::Key_N))->trigger();
+    QTest::keyClick(first, Qt::Key_N, Qt::ControlModifier);
     QMainWindow* second = nullptr;
     for (QWidget* top : QApplication::topLevelWidgets()) {
         if (auto* other = qobject_cast<QMainWindow*>(top); other && other != first) second = other;
@@ -86,7 +79,7 @@ TEST_F(ApplicationTest, EveryWindowHasAStateOfItsOwn) {
     otherScreen->state().performOnlineSearch();
     EXPECT_EQ(session.heldCount(), 1u);
     const QPointer<QMainWindow> gone(second);
-    actionFor(*second, QKeySequence(Qt::CTRL | Qt::Key_W))->trigger();
+    QTest::keyClick(second, Qt::Key_W, Qt::ControlModifier);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(gone.isNull());
     EXPECT_EQ(session.heldCount(), 0u) << "a window takes its downloads with it";

@@ -53,13 +53,9 @@ TEST(GlobeGesturesTest, EveryDragChangeAppliesTheWholeTranslation) {
     dragChanged(view, drag, view.lastDragTime);
     EXPECT_NEAR(view.centerLat, 0.042, 1e-12);
     EXPECT_NEAR(view.centerLon, -0.0252, 1e-12);
-}
-
-TEST(GlobeGesturesTest, DraggingStopsBeforeThePoles) {
-    GlobeView view{};
     for (const double height : {1e6, -1e6}) {
         dragChanged(view, {{0, height}, {0, height}}, view.lastDragTime);
-        EXPECT_NEAR(toDegrees(view.centerLat), std::copysign(85, height), 1e-12);
+        EXPECT_NEAR(toDegrees(view.centerLat), std::copysign(85, height), 1e-12) << "no further";
     }
 }
 
