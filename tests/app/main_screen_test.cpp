@@ -82,6 +82,7 @@ TEST_F(ScreenTest, TypingNarrowsThePlacesAndThePickerFollowsTheKeyboard) {
     const auto expectChosen = [&](const char* place) {
         EXPECT_THAT(places->currentText().toStdString(), HasSubstr(place));
         EXPECT_EQ(places->currentText().toStdString(), state().selectedLocationLabel);
+        EXPECT_THAT(state().selectedLocationLabel, StartsWith(*state().targetName + " ("));
     };
     QTest::keyClicks(places, "tori");
     expectChosen("Tori");

@@ -179,6 +179,9 @@ TEST_F(CatalogueLoading, SaysOnceWhyThereIsNoCatalogue) {
     std::filesystem::create_directory(folder_.path() / "comuni_italia.csv");
     EXPECT_TRUE(load().empty());
     EXPECT_THAT(diagnostics_.lines, ElementsAre("Error loading comuni_italia.csv: Is a directory"));
+    // A file that cannot even be opened, whoever runs the test.
+    EXPECT_EQ(platform::readFile(folder_.path() / "none").error().message,
+              "No such file or directory");
 }
 
 TEST_F(CatalogueLoading, CopesWithHugeLinesAndManyLines) {
