@@ -14,6 +14,8 @@ set(KALVO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize name
 add_compile_options(
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
   -Werror -Werror=missing-field-initializers)
+# RE2 asks for it, and precompiled headers want the same for everybody.
+add_compile_options(-pthread)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # g++ leaves changes of sign out of -Wconversion.
   add_compile_options(-Wno-sign-conversion)
