@@ -18,11 +18,19 @@ using widgets::FontStyle;
 using widgets::FontWeight;
 using widgets::TextRole;
 
+constexpr int kDetailLines = 2;
+constexpr int kResultLines = 3;
+
 QVBoxLayout* makeColumn(QWidget* page, int spacing) {
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(spacing);
     return column;
+}
+
+/// Keeps room for so many lines, so that what stands below stays where it is when the text comes.
+void keepRoom(QLabel& label, int lines) {
+    label.setMinimumHeight(lines * label.fontMetrics().lineSpacing() + 2 * label.margin());
 }
 
 /// No line ends within a figure and its unit.
@@ -41,16 +49,15 @@ void showText(QLabel& label, const std::string& text) {
 
 }  // namespace
 
-ResultWidget::ResultWidget(QWidget* parent) : QWidget(parent) {
-    texts_ = makeTexts();
-    progress_ = makeProgress();
+ResultWidget::ResultWidget(QWidget* parent)
+    : QWidget(parent), pages_(new QStackedWidget), texts_(makeTexts()), progress_(makeProgress()) {
+    pages_->addWidget(texts_);
+    pages_->addWidget(progress_);
     QVBoxLayout* column = makeColumn(this, 8);
     column->addWidget(
         widgets::makeLabel(QStringLiteral("Risultato Calcolo"), FontStyle::kHeadline));
-    column->addWidget(progress_);
-    column->addWidget(texts_);
+    column->addWidget(pages_);
     column->addLayout(makeButtons());
-    progress_->hide();
 }
 
 QWidget* ResultWidget::makeTexts() {
@@ -64,6 +71,9 @@ QWidget* ResultWidget::makeTexts() {
         new widgets::TextBox(widgets::font(FontStyle::kBody, FontWeight::kBold), theme.windBox);
     solarResult_ = new widgets::TextBox(widgets::font(FontStyle::kSubheadline, FontWeight::kBold),
                                         theme.solarBox);
+    keepRoom(*details_, kDetailLines);
+    keepRoom(*result_, kResultLines);
+    keepRoom(*solarResult_, kResultLines);
     column->addWidget(details_);
     column->addWidget(result_);
     column->addWidget(new widgets::Divider);
@@ -76,9 +86,11 @@ QWidget* ResultWidget::makeTexts() {
 QWidget* ResultWidget::makeProgress() {
     const QString text = QStringLiteral("Scaricamento dati Meteoblue...");
     auto* page = new QWidget;
-    auto* row = new QHBoxLayout(page);
-    row->setContentsMargins(0, 0, 0, 0);
+    QVBoxLayout* column = makeColumn(page, 0);
+    auto* row = new QHBoxLayout;
     row->setSpacing(8);
+    column->addLayout(row);
+    column->addStretch();
     row->addWidget(new widgets::Spinner(text));
     row->addWidget(
         widgets::makeLabel(text, FontStyle::kCaption, FontWeight::kRegular, TextRole::kOrange));
@@ -108,10 +120,8 @@ QLayout* ResultWidget::makeButtons() {
 }
 
 void ResultWidget::showState(const ContentView& state) {
-    progress_->setVisible(state.isFetchingOnline);
-    texts_->setVisible(!state.isFetchingOnline);
+    pages_->setCurrentWidget(state.isFetchingOnline ? progress_ : texts_);
     showText(*details_, state.detailsText);
-    details_->setVisible(!state.detailsText.empty());
     showText(*result_, state.resultText);
     showText(*solarResult_, state.pvResultText);
 }

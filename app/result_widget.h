@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QWidget>
 
 #include "app/content_view.h"
@@ -29,6 +30,7 @@ class ResultWidget final : public QWidget {
     [[nodiscard]] QWidget* makeProgress();
     [[nodiscard]] QLayout* makeButtons();
 
+    QStackedWidget* pages_;
     QWidget* texts_;
     QWidget* progress_;
     QLabel* details_;

@@ -132,12 +132,18 @@ TEST_F(ScreenTest, AToggleThatIsOnStaysOnAndCalculatesNothing) {
 
 TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
     session.hold(kSearchUrl);
+    const auto place = [this] {
+        const auto* button = named<QPushButton>("Calcola");
+        return button->mapTo(window, QPoint());
+    };
+    const QPoint before = place();
     auto* search = named<QLineEdit>(text("Cerca Località"));
     QTest::keyClicks(search, "Roma");
     EXPECT_TRUE(session.requests().empty()) << "typing must not search online";
     QTest::keyClick(search, Qt::Key_Return);
     EXPECT_TRUE(named<QProgressBar>("Scaricamento dati Meteoblue...")->isVisible());
     EXPECT_FALSE(shows(*window, "Stima Solare FTV"));
+    EXPECT_EQ(place(), before) << "nothing below the results jumps";
 
     const std::string page = "https://site.test/en/weather/forecast/modelclimate/roma_italia";
     // The label of the new place is a change that calculates once more.
@@ -158,6 +164,7 @@ TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
               "Meteoblue online fetch failed: no network, fallback offline");
     EXPECT_THAT(state().detailsText, StartsWith("IT - produzione singola turbina"));
     EXPECT_TRUE(shows(*window, QString::fromStdString(state().detailsText)));
+    EXPECT_EQ(place(), before);
     const std::string details = state().detailsText;
     EXPECT_THAT(details, EndsWith("(Stime Centraline)"));
     click("Offline (Stime)");
