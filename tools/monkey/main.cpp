@@ -27,7 +27,12 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 /// share, the time on the wall tells of them.
 constexpr Milliseconds kLongestHold{200};
 /// Memory may still settle after the first half of the events, but not grow by more than this.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+/// The sanitizers keep freed memory back for a while (256 MB unless told otherwise).
+constexpr long kMostGrowth = (256L + 24L) * 1024;  // kB
+#else
 constexpr long kMostGrowth = 24L * 1024;  // kB
+#endif
 
 /// Processor time of this thread.
 Milliseconds threadTime() {
