@@ -45,6 +45,7 @@ class ContentView {
     explicit ContentView(const Services& services);
     ContentView(const ContentView&) = delete;
     ContentView& operator=(const ContentView&) = delete;
+    ~ContentView() = default;
 
     std::string selectedCountry{kOnlineCountry};
     bool isOnlineMode = false;  // false: offline estimates, true: online climate data

@@ -98,7 +98,7 @@ QWidget* ResultWidget::makeProgress() {
     return page;
 }
 
-QLayout* ResultWidget::makeButtons() {
+QLayout* ResultWidget::makeButtons() const {
     auto* copy = new QPushButton(widgets::symbolIcon(QStringLiteral("doc.on.doc")),
                                  QStringLiteral("Copia &Risultato"));
     auto* calculate = new QPushButton(widgets::symbolIcon(QStringLiteral("equal.circle")),

@@ -28,7 +28,7 @@ class ResultWidget final : public QWidget {
  private:
     [[nodiscard]] QWidget* makeTexts();
     [[nodiscard]] QWidget* makeProgress();
-    [[nodiscard]] QLayout* makeButtons();
+    [[nodiscard]] QLayout* makeButtons() const;
 
     QStackedWidget* pages_;
     QWidget* texts_;
