@@ -167,7 +167,7 @@ void GlobeWidget::paintEvent(QPaintEvent* event) {
                                  {platform::Color::hex("#4fcb91"), 1.6});
     }
     if (std::exchange(areLinesDue_, false)) {
-        QTimer::singleShot(0, this, &GlobeWidget::makeScene);
+        QTimer::singleShot(0, this, [this] { makeScene(); });
     }
 }
 

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
+#include <string>
 
 #include <benchmark/benchmark.h>
 #include <spawn.h>
@@ -33,7 +33,8 @@ Start start(const char* program) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     posix_spawn_file_actions_addclose(&actions, ends[0]);
-    std::array<char*, 2> arguments{const_cast<char*>(program), nullptr};
+    std::string name(program);
+    std::array<char*, 2> arguments{name.data(), nullptr};
 
     const auto begin = std::chrono::steady_clock::now();
     pid_t child = 0;

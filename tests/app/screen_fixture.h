@@ -48,7 +48,7 @@ class ScreenTest : public testing::Test, protected TestServices<tests::ScriptedS
         QApplication::setActiveWindow(window);
         QApplication::processEvents();
     }
-    ~ScreenTest() override { delete window; }
+    void TearDown() override { delete window; }
 
     [[nodiscard]] MainScreen& screen() const {
         return *qobject_cast<MainScreen*>(window->centralWidget());
