@@ -1,5 +1,7 @@
 #include "app/main_screen.h"
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -25,10 +27,9 @@ QString text(const char* utf8) { return QString::fromUtf8(utf8); }
 /// Whether a label with this text can be seen; its lines do not end within a figure.
 bool shows(const QWidget& window, QString wanted) {
     wanted.replace(text(" kWh/anno"), text("\u00a0kWh/\u2060anno"));
-    for (const QLabel* label : window.findChildren<QLabel*>()) {
-        if (label->isVisible() && label->text() == wanted) return true;
-    }
-    return false;
+    return std::ranges::any_of(window.findChildren<QLabel*>(), [&](const QLabel* label) {
+        return label->isVisible() && label->text() == wanted;
+    });
 }
 
 /// How many flags can be seen.

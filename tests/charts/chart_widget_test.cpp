@@ -24,7 +24,7 @@ class ChartWidgetTest : public testing::Test {
         widget.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
     }
-    ~ChartWidgetTest() override { QToolTip::hideText(); }
+    void TearDown() override { QToolTip::hideText(); }
 
     ChartWidget widget;
 };
