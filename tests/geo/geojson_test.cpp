@@ -191,8 +191,9 @@ TEST(GeoJSON, MapsAreValues) {
     EXPECT_NE(*first, *otherNumbers);
     EXPECT_NE(*first, *otherNesting);
     EXPECT_NE(*first, GeoMapData{});
-    const GeoMapData copy = *first;
-    EXPECT_EQ(copy.features.begin(), first->features.begin()) << "copies share the features";
+    const std::vector<GeoMapData> copies{*first};
+    EXPECT_EQ(copies.front().features.begin(), first->features.begin())
+        << "copies share the features";
 }
 
 }  // namespace
