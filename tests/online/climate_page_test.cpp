@@ -1,6 +1,6 @@
 #include "online/climate_page.h"
 
-#include <chrono>
+#include <ctime>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -76,7 +76,8 @@ TEST(Matches, ListsWhatGroupOneCaptured) {
     EXPECT_THAT(matches("a(", "a("), IsEmpty());
 }
 
-// A backtracking engine takes minutes for the worst of these.
+// A backtracking engine takes minutes for the worst of these. Processor time, as the time on the
+// wall tells of what else the machine does.
 TEST(FindChartAddresses, TakesLinearTimeForAnyPage) {
     constexpr std::size_t kSize = 1 << 20;
     for (const std::string part : {"id='blooimage'", "id='blooimage' data-url='", " data-url='",
@@ -84,9 +85,9 @@ TEST(FindChartAddresses, TakesLinearTimeForAnyPage) {
                                    "id='blooimage' data-url='wind_rose'>"}) {
         std::string page = "id='blooimage' ";
         while (page.size() < kSize) page += part;
-        const auto start = std::chrono::steady_clock::now();
+        const std::clock_t start = std::clock();
         EXPECT_EQ(findChartAddresses(page), std::nullopt) << part;
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << part;
+        EXPECT_LT(std::clock() - start, 5 * CLOCKS_PER_SEC) << part;
     }
 }
 
