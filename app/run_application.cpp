@@ -38,6 +38,8 @@ int runApplication(int argc, char** argv, const std::function<void(QMainWindow&)
     const QApplication application(argc, argv);
     QTranslator qtTexts;
     speakItalian(qtTexts);
+    // While the window is made.
+    engine::LocationParser::shared().readLocationsAhead();
     fontConfiguration = {};
 
     const platform::Bundle& bundle = platform::Bundle::main();

@@ -144,17 +144,26 @@ LocationParser& LocationParser::shared() {
     return parser;
 }
 
-Catalogue LocationParser::loadLocations() const {
-    const auto path = bundle_.path("comuni_italia", "csv");
-    if (!path) {
-        diagnostics_.print(std::string(kCatalogueFile) + " not found in bundle!");
+void LocationParser::readLocationsAhead() {
+    readAhead_ = std::async(std::launch::async, [this] { return readCatalogue(); });
+}
+
+Catalogue LocationParser::loadLocations() {
+    CatalogueReading catalogue = readAhead_.valid() ? readAhead_.get() : readCatalogue();
+    if (!catalogue) {
+        diagnostics_.print(catalogue.error());
         return {};
     }
+    return std::move(*catalogue);
+}
+
+LocationParser::CatalogueReading LocationParser::readCatalogue() const {
+    const std::string file(kCatalogueFile);
+    const auto path = bundle_.path("comuni_italia", "csv");
+    if (!path) return tl::unexpected(file + " not found in bundle!");
     const platform::Result<std::string> text = platform::readFile(*path).and_then(utf8Text);
     if (!text) {
-        diagnostics_.print("Error loading " + std::string(kCatalogueFile) + ": " +
-                           text.error().description());
-        return {};
+        return tl::unexpected("Error loading " + file + ": " + text.error().description());
     }
     return Catalogue(readPlaces(*text));
 }

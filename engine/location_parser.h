@@ -1,9 +1,13 @@
 #pragma once
 
+#include <future>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include <tl/expected.hpp>
 
 #include "engine/catalogue.h"
 #include "engine/country_ring.h"
@@ -25,8 +29,11 @@ class LocationParser {
     /// The application's own instance, on its bundle and standard output.
     [[nodiscard]] static LocationParser& shared();
 
+    /// Begins to read the catalogue on a thread of its own; the next `loadLocations` waits for it.
+    void readLocationsAhead();
+
     /// The place catalogue, "comuni_italia.csv".
-    [[nodiscard]] Catalogue loadLocations() const;
+    [[nodiscard]] Catalogue loadLocations();
 
     /// The outlines in a GeoJSON resource, named with or without ".json"; nothing when it is
     /// missing (silently) or cannot be decoded.
@@ -37,8 +44,13 @@ class LocationParser {
     [[nodiscard]] const std::vector<CountryRing>& loadWorldCountryRings();
 
  private:
+    /// The catalogue, or the diagnostic line that tells why there is none.
+    using CatalogueReading = tl::expected<Catalogue, std::string>;
+    [[nodiscard]] CatalogueReading readCatalogue() const;
+
     const platform::Bundle& bundle_;
     platform::Diagnostics& diagnostics_;
+    std::future<CatalogueReading> readAhead_;
     std::optional<std::vector<CountryRing>> cachedWorldRings;
 };
 

@@ -76,7 +76,7 @@ struct GrownState {
 };
 
 void loadCatalogue(benchmark::State& state) {
-    const GrownState grown(state.range(0));
+    GrownState grown(state.range(0));
     for ([[maybe_unused]] auto _ : state) {
         auto places = grown.parser.loadLocations();
         benchmark::DoNotOptimize(places);

@@ -36,8 +36,7 @@ BENCHMARK(BM_ReadFileAlone)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTim
 
 void BM_LoadLocations(benchmark::State& state) {
     const kalvo::platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
-    const kalvo::engine::LocationParser parser(bundle,
-                                               kalvo::platform::Diagnostics::standardOutput());
+    kalvo::engine::LocationParser parser(bundle, kalvo::platform::Diagnostics::standardOutput());
     for ([[maybe_unused]] const auto iteration : state) {
         const Catalogue catalogue = parser.loadLocations();
         if (catalogue.size() != 7906) state.SkipWithError("not the whole catalogue");

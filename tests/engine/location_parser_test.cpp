@@ -23,7 +23,8 @@ class CatalogueLoading : public testing::Test {
         folder_.write("comuni_italia.csv", text);
         return load();
     }
-    Catalogue load() { return LocationParser(bundle_, diagnostics_).loadLocations(); }
+    Catalogue load() { return makeParser().loadLocations(); }
+    LocationParser makeParser() { return {bundle_, diagnostics_}; }
 
     /// The only place of a catalogue of one line.
     Location onlyPlace(std::string_view header, std::string_view line) {
@@ -182,6 +183,19 @@ TEST_F(CatalogueLoading, SaysOnceWhyThereIsNoCatalogue) {
     // A file that cannot even be opened, whoever runs the test.
     EXPECT_EQ(platform::readFile(folder_.path() / "none").error().message,
               "No such file or directory");
+}
+
+TEST_F(CatalogueLoading, ReadAheadIsTakenOnceAndSaysWhyOnlyThen) {
+    LocationParser parser = makeParser();
+    parser.readLocationsAhead();
+    EXPECT_TRUE(parser.loadLocations().empty());
+    EXPECT_THAT(diagnostics_.lines, ElementsAre("comuni_italia.csv not found in bundle!"));
+
+    load(std::string(kHeader) + "Roma;RM;Lazio\n");
+    parser.readLocationsAhead();
+    EXPECT_THAT(labels(parser.loadLocations()), ElementsAre("Roma (RM)"));
+    load(std::string(kHeader) + "Enna;EN;Sicilia\n");
+    EXPECT_THAT(labels(parser.loadLocations()), ElementsAre("Enna (EN)"));
 }
 
 TEST_F(CatalogueLoading, CopesWithHugeLinesAndManyLines) {
