@@ -273,4 +273,13 @@ int KalvoStyle::styleHint(StyleHint hint,
     }
 }
 
+QIcon KalvoStyle::standardIcon(StandardPixmap icon,
+                               const QStyleOption* option,
+                               const QWidget* widget) const {
+    // A menu bar asks for it even if it has room for all its titles, as ours always has, and the
+    // search in the desktop's icon themes begins with loading plugins.
+    if (icon == SP_ToolBarHorizontalExtensionButton) return {};
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
 }  // namespace kalvo::widgets

@@ -52,6 +52,9 @@ class KalvoStyle final : public QProxyStyle {
                                 const QStyleOption* option,
                                 const QWidget* widget,
                                 QStyleHintReturn* returned) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap icon,
+                                     const QStyleOption* option,
+                                     const QWidget* widget) const override;
 
  private:
     void underlineMnemonics(bool shown);
