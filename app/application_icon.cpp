@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "platform/qt/png.h"
+
 namespace kalvo::app {
 
 namespace {
@@ -28,8 +30,7 @@ QImage largestPicture(std::string_view file) {
         if (length < kHead || length > file.size() - at) break;
         const std::string_view picture = file.substr(at + kHead, length - kHead);
         if (picture.starts_with(kPngSignature)) {
-            const QImage image = QImage::fromData(
-                QByteArrayView(picture.data(), static_cast<qsizetype>(picture.size())), "PNG");
+            const QImage image = platform::readPng(picture);
             if (image.width() > largest.width()) largest = image;
         }
         at += length;
@@ -41,8 +42,7 @@ QImage largestPicture(std::string_view file) {
 
 QImage loadApplicationIcon(const platform::Bundle& bundle) {
     if (const auto png = bundle.path("logo_rounded", "png")) {
-        // Named, the format needs no look at the image plugins.
-        return QImage(QString::fromStdString(png->string()), "PNG");
+        return platform::readPng(platform::readFile(*png).value_or(""));
     }
     if (const auto icns = bundle.path("AppIcon", "icns")) {
         if (const auto file = platform::readFile(*icns)) return largestPicture(*file);

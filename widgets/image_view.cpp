@@ -1,13 +1,40 @@
 #include "widgets/image_view.h"
 
+#include <cmath>
+#include <string>
+
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 
+#include "platform/bundle.h"
+#include "platform/qt/png.h"
 #include "widgets/icons.h"
 #include "widgets/paint.h"
 #include "widgets/theme.h"
 
 namespace kalvo::widgets {
+
+namespace {
+
+/// The variant of a PNG file for the finest screen, or the nearest one that is there.
+QPixmap readImage(const std::filesystem::path& path) {
+    for (int scale = static_cast<int>(std::ceil(qApp->devicePixelRatio())); scale >= 1; --scale) {
+        std::filesystem::path variant = path;
+        if (scale > 1) {
+            variant.replace_filename(path.stem().string() + "@" + std::to_string(scale) + "x" +
+                                     path.extension().string());
+        }
+        const auto file = platform::readFile(variant);
+        if (!file) continue;
+        QPixmap image = QPixmap::fromImage(platform::readPng(*file));
+        image.setDevicePixelRatio(scale);
+        return image;
+    }
+    return {};
+}
+
+}  // namespace
 
 ImageView::ImageView(const QSize& frame, Scaling scaling, double cornerRadius, QWidget* parent)
     : QWidget(parent), scaling_(scaling), cornerRadius_(cornerRadius) {
@@ -15,13 +42,16 @@ ImageView::ImageView(const QSize& frame, Scaling scaling, double cornerRadius, Q
 }
 
 bool ImageView::setImage(const std::optional<std::filesystem::path>& path) {
-    // Named, the format needs no look at the image plugins.
-    image_ = path ? QPixmap(QString::fromStdString(path->string()), "PNG") : QPixmap();
-    update();
+    if (path != path_) {
+        path_ = path;
+        image_ = path ? readImage(*path) : QPixmap();
+        update();
+    }
     return !image_.isNull();
 }
 
 void ImageView::setSymbol(const QString& name, int size) {
+    path_.reset();
     image_ = symbolPixmap(name, size, Theme::current().brandText, devicePixelRatioF());
     update();
 }

@@ -21,7 +21,7 @@ class ImageView final : public QWidget {
     /// white image has an edge.
     ImageView(const QSize& frame, Scaling scaling, double cornerRadius, QWidget* parent = nullptr);
 
-    /// Shows the image of a file, or nothing. Returns whether there is one to show.
+    /// Shows the image of a PNG file, or nothing. Returns whether there is one to show.
     bool setImage(const std::optional<std::filesystem::path>& path);
     /// Shows a symbol in the brand's colour.
     void setSymbol(const QString& name, int size);
@@ -32,6 +32,7 @@ class ImageView final : public QWidget {
  private:
     Scaling scaling_;
     double cornerRadius_;
+    std::optional<std::filesystem::path> path_;
     QPixmap image_;
 };
 
