@@ -51,6 +51,13 @@ std::vector<QPointF> boundedPoints(const Polyline& line) {
     return points;
 }
 
+/// Whether all of the points lie beyond one side of the area. (A line that runs straight along an
+/// axis bounds a rectangle without an inside, which Qt says intersects nothing.)
+bool isApart(const QRectF& bounds, const QRectF& area) {
+    return bounds.right() < area.left() || bounds.left() > area.right() ||
+           bounds.bottom() < area.top() || bounds.top() > area.bottom();
+}
+
 /// The polygon's part on the inner side (one step of Sutherland and Hodgman, 1974).
 QPolygonF clippedToSide(const QPolygonF& polygon, const Side& side) {
     QPolygonF kept;
@@ -85,7 +92,9 @@ double boundedCoordinate(double value) { return std::clamp(value, -kFarthest, kF
 QPolygonF clippedFill(const Polyline& outline, const QRectF& area) {
     const std::vector<QPointF> points = boundedPoints(outline);
     QPolygonF polygon(QList<QPointF>(points.begin(), points.end()));
-    if (area.contains(polygon.boundingRect())) return polygon;
+    const QRectF bounds = polygon.boundingRect();
+    if (isApart(bounds, area)) return {};
+    if (area.contains(bounds)) return polygon;
     for (const Side& side : sidesOf(area)) polygon = clippedToSide(polygon, side);
     return polygon;
 }
@@ -98,6 +107,7 @@ std::vector<VisibleRun> clippedStroke(const Polyline& line, const QRectF& area) 
         if (points.size() < 2) return {};
         return {{std::move(points), line.closed}};
     }
+    if (isApart(QPolygonF(QList(points.begin(), points.end())).boundingRect(), area)) return {};
     if (line.closed) {
         // Begun out of sight, so that no corner in sight is torn into two ends.
         std::rotate(points.begin(), outside, points.end());
