@@ -1,7 +1,10 @@
 #include "geo/map_widget.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <future>
+#include <utility>
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -108,23 +111,58 @@ void MapWidget::updatePicture() {
     if (const auto shift = pictureShift()) {
         QRegion uncovered;
         picture_.scroll(shift->x(), shift->y(), QRect({0, 0}, pictureSize), &uncovered);
+        QPainter painter(&picture_);
         for (const QRect& part : uncovered) {
-            drawPicture({QPointF(part.topLeft()) / pixels, QSizeF(part.size()) / pixels});
+            drawPart(painter, scene(),
+                     {QPointF(part.topLeft()) / pixels, QSizeF(part.size()) / pixels});
         }
     } else {
-        drawPicture(rect());
+        drawPicture();
     }
     pictured_ = view_.gestures;
 }
 
-void MapWidget::drawPicture(const QRectF& part) {
-    QPainter painter(&picture_);
+void MapWidget::drawPicture() {
+    // More bands than threads: Italy is not spread evenly over them.
+    constexpr int kBands = 4;
+    const MapScene& scene = this->scene();
+    // The pixmap's own memory, and afterwards again.
+    QImage image = std::exchange(picture_, {}).toImage();
+    const double pixels = image.devicePixelRatio();
+    uchar* const rows = image.bits();
+    const auto drawRows = [&](int top, int bottom) {
+        if (top == bottom) return;
+        QImage band(rows + top * image.bytesPerLine(), image.width(), bottom - top,
+                    image.bytesPerLine(), image.format());
+        band.setDevicePixelRatio(pixels);
+        QPainter painter(&band);
+        painter.translate(0, -top / pixels);
+        drawPart(painter, scene,
+                 {0, top / pixels, image.width() / pixels, (bottom - top) / pixels});
+    };
+    std::atomic<int> next = 0;
+    const auto drawBands = [&] {
+        for (int band = next++; band < kBands; band = next++) {
+            drawRows(image.height() * band / kBands, image.height() * (band + 1) / kBands);
+        }
+    };
+    std::future<void> helper;
+    // The text of a map without data would be the only one, and load its font for the thread.
+    if (view_.geoData) helper = std::async(std::launch::async, drawBands);
+    drawBands();
+    if (helper.valid()) helper.get();
+    picture_ = QPixmap::fromImage(std::move(image));
+}
+
+void MapWidget::drawPart(QPainter& painter, const MapScene& scene, const QRectF& part) const {
+    painter.save();
     painter.setFont(font());
     painter.setClipRect(part);
     painter.translate(part.topLeft());
     platform::QtCanvas canvas(painter, {part.width(), part.height()});
     canvas.translate(-part.x(), -part.y());
-    view_.draw(canvas, viewSize(), scene());
+    view_.draw(canvas, viewSize(), scene);
+    painter.restore();
 }
 
 template <class Gesture>

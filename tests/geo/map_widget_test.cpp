@@ -5,11 +5,14 @@
 #include <memory>
 
 #include <QNativeGestureEvent>
+#include <QPainter>
 #include <QPointingDevice>
 #include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "platform/bundle.h"
+#include "platform/qt/qt_canvas.h"
 #include "tests/geo/geojson_texts.h"
 #include "tests/support/painted_areas.h"
 #include "tests/support/pictures.h"
@@ -185,6 +188,27 @@ TEST_F(MapWidgetTest, AMapThatMovesLooksAsIfDrawnAnew) {
         map_.resize(128, 128);  // throws the kept picture away
         const QImage anew = map_.grab().toImage();
         EXPECT_LE(tests::difference(moved, anew).largest, 2) << to.x() << ", " << to.y();
+    }
+}
+
+TEST_F(MapWidgetTest, TheBandsOfThePictureJoinWithoutASeam) {
+    MapView view = mapView(MapType::kProvince);
+    view.geoData = platform::readFile(KALVO_SOURCE_DIR "/resources/province.json")
+                       .and_then(decodeGeoJSON)
+                       .value();
+    for (const QSize size : {QSize(301, 403), QSize(200, 1), QSize(150, 3)}) {
+        MapWidget map;
+        map.resize(size);
+        map.setView(view);
+        QTest::keyClick(&map, Qt::Key_Plus);
+        QImage expected(size, QImage::Format_RGB32);
+        QPainter painter(&expected);
+        platform::QtCanvas canvas(painter, {double(size.width()), double(size.height())});
+        map.view().draw(canvas, {double(size.width()), double(size.height())});
+        painter.end();
+        QImage drawn(size, QImage::Format_RGB32);
+        map.render(&drawn);
+        EXPECT_EQ(tests::difference(drawn, expected).largest, 0) << size.height();
     }
 }
 
