@@ -16,7 +16,7 @@ function(kalvo_precompile kind)
   target_precompile_headers(kalvo_precompiled_${kind} PRIVATE
     <algorithm> <array> <chrono> <cmath> <coroutine> <cstddef> <cstdint> <functional> <limits>
     <map> <memory> <numbers> <numeric> <optional> <span> <string> <string_view> <unordered_map>
-    <utility> <variant> <vector> <fmt/format.h> <simdjson.h> <tl/expected.hpp> ${KIND_HEADERS})
+    <utility> <variant> <vector> <fmt/format.h> <tl/expected.hpp> ${KIND_HEADERS})
 endfunction()
 
 # kalvo_use_precompiled(<kind> <targets...>)
@@ -33,5 +33,5 @@ set(KALVO_WIDGET_HEADERS
   <QPainterPath> <QPixmap> <QPointer> <QPushButton> <QRadioButton> <QScrollArea> <QScrollBar>
   <QString> <QStyleOption> <QTimer> <QToolTip> <QWidget>)
 
-kalvo_precompile(plain)
+kalvo_precompile(plain HEADERS <simdjson.h>)
 kalvo_precompile(widgets LINK Qt6::Widgets HEADERS ${KALVO_WIDGET_HEADERS})
