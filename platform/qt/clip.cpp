@@ -51,11 +51,20 @@ std::vector<QPointF> boundedPoints(const Polyline& line) {
     return points;
 }
 
-/// Whether all of the points lie beyond one side of the area. (A line that runs straight along an
-/// axis bounds a rectangle without an inside, which Qt says intersects nothing.)
-bool isApart(const QRectF& bounds, const QRectF& area) {
-    return bounds.right() < area.left() || bounds.left() > area.right() ||
-           bounds.bottom() < area.top() || bounds.top() > area.bottom();
+/// Whether all of a line's points lie beyond one side of the area. Points that are not numbers do
+/// not count.
+bool isApart(const Polyline& line, const QRectF& area) {
+    double left = kFarthest;
+    double right = -kFarthest;
+    double top = kFarthest;
+    double bottom = -kFarthest;
+    for (const Point& point : line.points) {
+        left = std::min(left, point.x);
+        right = std::max(right, point.x);
+        top = std::min(top, point.y);
+        bottom = std::max(bottom, point.y);
+    }
+    return right < area.left() || left > area.right() || bottom < area.top() || top > area.bottom();
 }
 
 /// The polygon's part on the inner side (one step of Sutherland and Hodgman, 1974).
@@ -90,16 +99,16 @@ std::optional<std::pair<QPointF, QPointF>> clippedSegment(QPointF from,
 double boundedCoordinate(double value) { return std::clamp(value, -kFarthest, kFarthest); }
 
 QPolygonF clippedFill(const Polyline& outline, const QRectF& area) {
+    if (isApart(outline, area)) return {};
     const std::vector<QPointF> points = boundedPoints(outline);
     QPolygonF polygon(QList<QPointF>(points.begin(), points.end()));
-    const QRectF bounds = polygon.boundingRect();
-    if (isApart(bounds, area)) return {};
-    if (area.contains(bounds)) return polygon;
+    if (area.contains(polygon.boundingRect())) return polygon;
     for (const Side& side : sidesOf(area)) polygon = clippedToSide(polygon, side);
     return polygon;
 }
 
 std::vector<VisibleRun> clippedStroke(const Polyline& line, const QRectF& area) {
+    if (isApart(line, area)) return {};
     std::vector<QPointF> points = boundedPoints(line);
     const auto outside = std::find_if(points.begin(), points.end(),
                                       [&](const QPointF& point) { return !area.contains(point); });
@@ -107,7 +116,6 @@ std::vector<VisibleRun> clippedStroke(const Polyline& line, const QRectF& area) 
         if (points.size() < 2) return {};
         return {{std::move(points), line.closed}};
     }
-    if (isApart(QPolygonF(QList(points.begin(), points.end())).boundingRect(), area)) return {};
     if (line.closed) {
         // Begun out of sight, so that no corner in sight is torn into two ends.
         std::rotate(points.begin(), outside, points.end());
