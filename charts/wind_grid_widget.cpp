@@ -33,11 +33,8 @@ constexpr int kDotGap = 8;
 /// Room for the focus ring before and after a cell's text, out of the gap between columns.
 constexpr int kInset = WindGridWidget::kInset;
 
-QFont headerFont() { return widgets::font(FontStyle::kCaption, FontWeight::kBold); }
-QFont cellFont() { return widgets::font(FontStyle::kCaption2); }
-
-int advance(const QFont& font, const QString& text) {
-    return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
+int advance(const QFontMetricsF& metrics, const QString& text) {
+    return static_cast<int>(std::ceil(metrics.horizontalAdvance(text)));
 }
 
 int lineHeight(const QFont& font) { return QFontMetrics(font).height(); }
@@ -46,7 +43,7 @@ int lineHeight(const QFont& font) { return QFontMetrics(font).height(); }
 class Header final : public QHeaderView {
  public:
     explicit Header(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-        setFont(headerFont());
+        setFont(widgets::font(FontStyle::kCaption, FontWeight::kBold));
         setSectionResizeMode(QHeaderView::Fixed);
         setMinimumSectionSize(1);
         setHighlightSections(false);
@@ -59,6 +56,12 @@ class Header final : public QHeaderView {
     }
 
  protected:
+    /// The columns are given their widths; by itself a header measures its titles in a bold font
+    /// that nothing else needs.
+    [[nodiscard]] QSize sectionSizeFromContents(int section) const override {
+        return {sectionSize(section), lineHeight(font())};
+    }
+
     void paintSection(QPainter* painter, const QRect& rect, int section) const override {
         painter->setFont(font());
         painter->setPen(Theme::current().text);
@@ -90,7 +93,6 @@ class CellDelegate final : public QStyledItemDelegate {
                 QRectF(rect.left(), rect.center().y() + 0.5 - kDot / 2.0, kDot, kDot));
             rect.setLeft(rect.left() + kDot + kDotGap);
         }
-        painter->setFont(cellFont());
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
         painter->drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
         painter->restore();
@@ -108,6 +110,7 @@ class CellDelegate final : public QStyledItemDelegate {
 WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(kRows, kColumns, parent) {
     setAccessibleName(QStringLiteral("Distribuzione Vento (Giorni/Mese)"));
     setFrameShape(QFrame::NoFrame);
+    setFont(widgets::font(FontStyle::kCaption2));
     setPaper();
     setShowGrid(false);
     setEditTriggers(NoEditTriggers);
@@ -125,7 +128,7 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(kRows, kColumns, 
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(lineHeight(cellFont()) + kRowGap);
+    verticalHeader()->setDefaultSectionSize(lineHeight(font()) + kRowGap);
 
     QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -173,11 +176,13 @@ void WindGridWidget::setTable(const WindTableView& table) {
 }
 
 void WindGridWidget::fitColumns() {
+    const QFontMetricsF header(horizontalHeader()->font());
+    const QFontMetricsF cells(font());
     for (int column = 0; column < kColumns; ++column) {
-        int width = advance(headerFont(), horizontalHeaderItem(column)->text());
+        int width = advance(header, horizontalHeaderItem(column)->text());
         for (int row = 0; row < kRows; ++row) {
             const int dot = column == 0 ? kDot + kDotGap : 0;
-            width = std::max(width, dot + advance(cellFont(), item(row, column)->text()));
+            width = std::max(width, dot + advance(cells, item(row, column)->text()));
         }
         setColumnWidth(column, width + (column + 1 < kColumns ? kColumnGap : 2 * kInset));
     }
