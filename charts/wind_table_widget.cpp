@@ -47,7 +47,7 @@ WindTableWidget::WindTableWidget(platform::Pasteboard& pasteboard, QWidget* pare
     grid_->setTable(view_);
     button_->setProperty("prominent", true);
     button_->setIcon(widgets::symbolIcon(QStringLiteral("doc.on.doc")));
-    button_->setFont(widgets::font(widgets::FontStyle::kCaption, widgets::FontWeight::kMedium));
+    button_->setFont(widgets::font(widgets::FontStyle::kCaption));
     showNotice();
     // As wide as its longer text, so that the notice does not make it jump.
     button_->setMinimumWidth(button_->sizeHint().width());

@@ -42,7 +42,7 @@ struct Wedge {
     friend bool operator==(const Wedge&, const Wedge&) = default;
 };
 
-/// The application's sans-serif at a size in points; `bold` is drawn semibold at small sizes.
+/// The application's sans-serif at a size in points; `bold` is drawn semibold.
 struct TextStyle {
     double size;
     bool bold;

@@ -49,8 +49,8 @@ class Segment final : public QRadioButton {
         if (showsFocus(option)) {
             paintFocusRing(painter, QRectF(rect()), kThumbRadius);
         }
-        painter.setFont(
-            widgets::font(FontStyle::kBody, isChecked() ? FontWeight::kBold : FontWeight::kMedium));
+        painter.setFont(widgets::font(FontStyle::kBody,
+                                      isChecked() ? FontWeight::kBold : FontWeight::kRegular));
         painter.setPen(isChecked() ? theme.text : theme.secondaryText);
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     }

@@ -61,7 +61,7 @@ ButtonColors buttonColors(const QStyleOptionButton& button, const QWidget* widge
 
 QFont buttonFont(const QWidget* widget, bool filled) {
     QFont font = widget != nullptr ? widget->font() : QApplication::font();
-    font.setWeight(filled ? QFont::DemiBold : QFont::Medium);
+    font.setWeight(filled ? QFont::DemiBold : QFont::Normal);
     return font;
 }
 

@@ -84,8 +84,7 @@ QString& family() {
 /// The weights are files of their own, because a variable font of the same name on the system
 /// would otherwise lend its faces.
 void loadFonts(const platform::Bundle& bundle) {
-    constexpr std::array kFaces{"KalvoInter-Regular", "KalvoInter-Medium", "KalvoInter-SemiBold",
-                                "KalvoInter-Bold"};
+    constexpr std::array kFaces{"KalvoInter-Regular", "KalvoInter-SemiBold"};
     for (const char* face : kFaces) {
         const auto path = bundle.path(std::string("fonts/") + face, "ttf");
         if (!path) continue;
@@ -142,9 +141,8 @@ int pixelSize(FontStyle style) {
 }
 
 QFont::Weight weightOf(FontStyle style, FontWeight weight) {
-    if (style == FontStyle::kTitle2 && weight == FontWeight::kBold) return QFont::Bold;
-    if (style == FontStyle::kHeadline || weight == FontWeight::kBold) return QFont::DemiBold;
-    return weight == FontWeight::kMedium ? QFont::Medium : QFont::Normal;
+    const bool isBold = style == FontStyle::kHeadline || weight == FontWeight::kBold;
+    return isBold ? QFont::DemiBold : QFont::Normal;
 }
 
 }  // namespace

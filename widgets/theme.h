@@ -12,7 +12,7 @@ namespace kalvo::widgets {
 /// The named text styles, from the largest to the smallest.
 enum class FontStyle { kTitle2, kTitle3, kHeadline, kBody, kSubheadline, kCaption, kCaption2 };
 
-enum class FontWeight { kRegular, kMedium, kBold };
+enum class FontWeight { kRegular, kBold };
 
 /// What a text is, and so which colour it takes.
 enum class TextRole { kPrimary, kSecondary, kTertiary, kBrand, kOrange };
@@ -53,7 +53,7 @@ struct Theme {
     [[nodiscard]] QColor color(TextRole role) const;
 };
 
-/// The font of a text style; bold is semibold at small sizes.
+/// The font of a text style. Bold is the semibold face: at these sizes a heavier one runs together.
 [[nodiscard]] QFont font(FontStyle style, FontWeight weight = FontWeight::kRegular);
 
 /// A plain-text label (never rich text: its text may come from the web) in a style and role.
