@@ -107,7 +107,7 @@ class CellDelegate final : public QStyledItemDelegate {
 
 }  // namespace
 
-WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(kRows, kColumns, parent) {
+WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
     setAccessibleName(QStringLiteral("Distribuzione Vento (Giorni/Mese)"));
     setFrameShape(QFrame::NoFrame);
     setFont(widgets::font(FontStyle::kCaption2));
@@ -120,12 +120,16 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(kRows, kColumns, 
     setVerticalScrollMode(ScrollPerPixel);
     setItemDelegate(new CellDelegate(this));
 
+    // Before there are rows and columns, which the headers that a table begins with would measure
+    // in bold fonts that nothing shows.
     setHorizontalHeader(new Header(this));
+    verticalHeader()->hide();
+    setRowCount(kRows);
+    setColumnCount(kColumns);
     QStringList header(QString::fromUtf8(WindTableView::kCorner));
     for (const std::string_view month : CalculationEngine::months)
         header << QString::fromUtf8(month);
     setHorizontalHeaderLabels(header);
-    verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(lineHeight(font()) + kRowGap);
