@@ -155,26 +155,27 @@ void globeFrame(benchmark::State& state) {
     }
 }
 
-/// Registers a benchmark of data so many times as large as those that ship.
-void grow(const char* name,
-          void (*function)(benchmark::State&),
-          std::initializer_list<std::int64_t> times) {
-    auto* grown = benchmark::RegisterBenchmark(name, function);
-    grown->ArgName("times")->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
-    for (const std::int64_t one : times) grown->Arg(one);
+/// Data so many times as large as those that ship.
+void grow(benchmark::internal::Benchmark* benchmark, std::initializer_list<std::int64_t> times) {
+    benchmark->ArgName("times")->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+    for (const std::int64_t one : times) benchmark->Arg(one);
 }
+
+void grownPlaces(benchmark::internal::Benchmark* benchmark) { grow(benchmark, {1, 10, 100}); }
+void grownOutlines(benchmark::internal::Benchmark* benchmark) { grow(benchmark, {1, 10}); }
+
+BENCHMARK(loadCatalogue)->Apply(grownPlaces);
+BENCHMARK(chooseItaly)->Apply(grownPlaces);
+BENCHMARK(keystroke)->Apply(grownPlaces);
+BENCHMARK(decodeProvinces)->Apply(grownOutlines);
+BENCHMARK(mapFrame)->Apply(grownOutlines);
+BENCHMARK(globeFrame)->Apply(grownOutlines);
 
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    grow("loadCatalogue", loadCatalogue, {1, 10, 100});
-    grow("chooseItaly", chooseItaly, {1, 10, 100});
-    grow("keystroke", keystroke, {1, 10, 100});
-    grow("decodeProvinces", decodeProvinces, {1, 10});
-    grow("mapFrame", mapFrame, {1, 10});
-    grow("globeFrame", globeFrame, {1, 10});
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

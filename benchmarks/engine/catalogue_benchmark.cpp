@@ -26,15 +26,15 @@ constexpr const char* kFile = KALVO_SOURCE_DIR "/resources/comuni_italia.csv";
 
 std::int64_t fileSize() { return static_cast<std::int64_t>(std::filesystem::file_size(kFile)); }
 
-void BM_ReadFileAlone(benchmark::State& state) {
+void readFileAlone(benchmark::State& state) {
     for ([[maybe_unused]] const auto iteration : state) {
         benchmark::DoNotOptimize(kalvo::platform::readFile(kFile));
     }
     state.SetBytesProcessed(state.iterations() * fileSize());
 }
-BENCHMARK(BM_ReadFileAlone)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(readFileAlone)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
-void BM_LoadLocations(benchmark::State& state) {
+void loadLocations(benchmark::State& state) {
     const kalvo::platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
     kalvo::engine::LocationParser parser(bundle, kalvo::platform::Diagnostics::standardOutput());
     for ([[maybe_unused]] const auto iteration : state) {
@@ -43,11 +43,11 @@ void BM_LoadLocations(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * fileSize());
 }
-BENCHMARK(BM_LoadLocations)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(loadLocations)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 /// Into the same records, by a library made for the purpose. It reads ahead in a second thread,
 /// whose time counts.
-void BM_FastCppCsvParser(benchmark::State& state) {
+void fastCppCsvParser(benchmark::State& state) {
     for ([[maybe_unused]] const auto iteration : state) {
         using Reader = io::CSVReader<9, io::trim_chars<' ', '\t'>, io::no_quote_escape<';'>>;
         Reader reader(kFile);
@@ -82,10 +82,10 @@ void BM_FastCppCsvParser(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * fileSize());
 }
-BENCHMARK(BM_FastCppCsvParser)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(fastCppCsvParser)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 /// The straightforward way in a Qt program.
-void BM_TextStreamAndSplit(benchmark::State& state) {
+void textStreamAndSplit(benchmark::State& state) {
     const auto number = [](const QString& field) -> std::optional<double> {
         bool isNumber = false;
         const double value = QString(field).replace(',', '.').toDouble(&isNumber);
@@ -128,6 +128,6 @@ void BM_TextStreamAndSplit(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * fileSize());
 }
-BENCHMARK(BM_TextStreamAndSplit)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(textStreamAndSplit)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 }  // namespace

@@ -31,7 +31,7 @@ const Catalogue& country() {
     return catalogue;
 }
 
-void BM_WholeCountry(benchmark::State& state) {
+void wholeCountry(benchmark::State& state) {
     for ([[maybe_unused]] const auto iteration : state) {
         double energy = 0;
         for (const Location& place : country()) {
@@ -57,7 +57,7 @@ void BM_WholeCountry(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(country().size()));
 }
-BENCHMARK(BM_WholeCountry)->Unit(benchmark::kMillisecond);
+BENCHMARK(wholeCountry)->Unit(benchmark::kMillisecond);
 
 /// The same figures the straightforward way: node-based dictionaries of vectors, and every class
 /// of every row from two exponentials of its own.
@@ -137,7 +137,7 @@ double production(const Distribution& distribution, int kw) {
 
 }  // namespace plain
 
-void BM_WholeCountryPlainly(benchmark::State& state) {
+void wholeCountryPlainly(benchmark::State& state) {
     for ([[maybe_unused]] const auto iteration : state) {
         double energy = 0;
         for (const Location& place : country()) {
@@ -155,6 +155,6 @@ void BM_WholeCountryPlainly(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(country().size()));
 }
-BENCHMARK(BM_WholeCountryPlainly)->Unit(benchmark::kMillisecond);
+BENCHMARK(wholeCountryPlainly)->Unit(benchmark::kMillisecond);
 
 }  // namespace

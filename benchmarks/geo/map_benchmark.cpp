@@ -40,7 +40,7 @@ geo::MapView provinces() {
 }
 
 QImage surface(const benchmark::State& state) {
-    const double pixels = static_cast<double>(state.range(0));
+    const auto pixels = static_cast<double>(state.range(0));
     QImage image((QSizeF(kView.width, kView.height) * pixels).toSize(), QImage::Format_RGB32);
     image.setDevicePixelRatio(pixels);
     return image;

@@ -9,6 +9,7 @@
 #include <ctime>
 #include <random>
 
+#include <fmt/format.h>
 #include <malloc.h>
 #include <QApplication>
 #include <QTimer>
@@ -72,8 +73,7 @@ void step(Run& run, monkey::Monkey& monkey, const monkey::UnreliableSession& ses
     if (held > kLongestHold) ++run.holds;
     for (app::MainScreen* screen : monkey::Monkey::screens()) {
         const std::string fault = monkey::faultOf(screen->state(), session.pending() > 0);
-        if (!fault.empty())
-            run.fault = "event " + std::to_string(run.done) + ", " + action + ": " + fault;
+        if (!fault.empty()) run.fault = fmt::format("event {}, {}: {}", run.done, action, fault);
     }
     ++run.done;
     if (run.done == run.events / 2) run.residentAtHalf = residentWithoutWindows();
