@@ -1,6 +1,7 @@
 #include "app/main_screen.h"
 
 #include <QCoreApplication>
+#include <QTimer>
 
 namespace kalvo::app {
 
@@ -78,13 +79,10 @@ void MainScreen::showEvent(QShowEvent* event) {
     if (isStarted_) return;
     isStarted_ = true;
     // The window is asked for first: the catalogue is read while the desktop brings it up.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            state_.initializeDatabase();
-            redraw();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] {
+        state_.initializeDatabase();
+        redraw();
+    });
 }
 
 }  // namespace kalvo::app

@@ -1,9 +1,7 @@
 #include "geo/map_widget.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <future>
 #include <utility>
 
 #include <QHelpEvent>
@@ -16,6 +14,7 @@
 #include <QTouchEvent>
 #include <QWheelEvent>
 
+#include "platform/qt/banded_painting.h"
 #include "platform/qt/qt_canvas.h"
 
 namespace kalvo::geo {
@@ -123,34 +122,19 @@ void MapWidget::updatePicture() {
 }
 
 void MapWidget::drawPicture() {
-    // More bands than threads: Italy is not spread evenly over them.
-    constexpr int kBands = 4;
     const MapScene& scene = this->scene();
     // The pixmap's own memory, and afterwards again.
     QImage image = std::exchange(picture_, {}).toImage();
-    const double pixels = image.devicePixelRatio();
-    uchar* const rows = image.bits();
-    const auto drawRows = [&](int top, int bottom) {
-        if (top == bottom) return;
-        QImage band(rows + top * image.bytesPerLine(), image.width(), bottom - top,
-                    image.bytesPerLine(), image.format());
-        band.setDevicePixelRatio(pixels);
-        QPainter painter(&band);
-        painter.translate(0, -top / pixels);
-        drawPart(painter, scene,
-                 {0, top / pixels, image.width() / pixels, (bottom - top) / pixels});
+    const auto draw = [&](QPainter& painter, const QRectF& part) {
+        drawPart(painter, scene, part);
     };
-    std::atomic<int> next = 0;
-    const auto drawBands = [&] {
-        for (int band = next++; band < kBands; band = next++) {
-            drawRows(image.height() * band / kBands, image.height() * (band + 1) / kBands);
-        }
-    };
-    std::future<void> helper;
-    // The text of a map without data would be the only one, and load its font for the thread.
-    if (view_.geoData) helper = std::async(std::launch::async, drawBands);
-    drawBands();
-    if (helper.valid()) helper.get();
+    if (view_.geoData) {
+        platform::paintInBands(image, draw);
+    } else {
+        // A text: not worth loading its font for another thread.
+        QPainter painter(&image);
+        draw(painter, rect());
+    }
     picture_ = QPixmap::fromImage(std::move(image));
 }
 

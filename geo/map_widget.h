@@ -50,7 +50,6 @@ class MapWidget final : public QWidget {
     [[nodiscard]] std::optional<QPoint> pictureShift() const;
     /// Brings the kept picture up to date, drawing as little of it as possible.
     void updatePicture();
-    /// Draws the whole picture on two threads.
     void drawPicture();
     void drawPart(QPainter& painter, const MapScene& scene, const QRectF& part) const;
     void invalidatePicture();
