@@ -29,7 +29,7 @@ constexpr double kFocusRadius = 6;
 /// Screen readers pass over a widget without a role of its own.
 QAccessibleInterface* graphicInterface(const QString& className, QObject* object) {
     if (className != QLatin1String(ChartWidget::staticMetaObject.className())) return nullptr;
-    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Graphic);
+    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Graphic);
 }
 
 void installGraphicInterface() {
@@ -121,7 +121,7 @@ void ChartWidget::showTip(const QPointF& position) {
 
 bool ChartWidget::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
-        showTip(static_cast<QHelpEvent*>(event)->pos());
+        showTip(dynamic_cast<const QHelpEvent&>(*event).pos());
         return true;
     }
     return QWidget::event(event);

@@ -1,5 +1,7 @@
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <vector>
 
 #include "fuzz/fuzzing.h"
 #include "platform/bundle.h"
@@ -14,8 +16,8 @@ int main(int argc, char** argv) {
             if (!bytes) return 1;
             std::printf("%s\n", entry.path().c_str());
             std::fflush(stdout);
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes->data()),
-                                   bytes->size());
+            const std::vector<std::uint8_t> input(bytes->begin(), bytes->end());
+            LLVMFuzzerTestOneInput(input.data(), input.size());
             ++inputs;
         }
     }

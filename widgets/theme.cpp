@@ -152,9 +152,7 @@ void Theme::apply(const platform::Bundle& bundle) {
     const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
     chosenTheme() = dark ? darkTheme() : lightTheme();
     loadFonts(bundle);
-    // The application owns its style, which the analyzer cannot see.
     QApplication::setStyle(new KalvoStyle);
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setPalette(palette(chosenTheme()));
     QApplication::setFont(font(FontStyle::kBody));
 }

@@ -11,12 +11,16 @@ namespace {
 
 using namespace kalvo;
 
+struct Opened {
+    tools::NoNetwork network;
+    tools::ToolApplication kalvo{network};
+    app::MainScreen& screen = kalvo.openScreen();
+};
+
 app::MainScreen& screen() {
-    static tools::NoNetwork network;
-    static tools::ToolApplication kalvo(network);
-    static app::MainScreen& opened = kalvo.openScreen();
+    static Opened opened;
     QApplication::processEvents();
-    return opened;
+    return opened.screen;
 }
 
 /// Everything up to the frame on the screen.

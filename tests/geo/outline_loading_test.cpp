@@ -18,6 +18,7 @@ const std::string kBrokenBecause = "Feature 1: Invalid geometry element";
 /// Positions [i, -i] for i from 0 to count - 1.
 std::string ringOf(int count) {
     std::vector<std::string> positions;
+    positions.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) positions.push_back(fmt::format("[{},{}]", i, -i));
     return fmt::format("[{}]", fmt::join(positions, ","));
 }

@@ -21,16 +21,17 @@ class Browser final : public QObject {
             QDesktopServices::setUrlHandler(QString::fromUtf8(scheme), this, "open");
         }
     }
+    Browser(const Browser&) = delete;
+    Browser& operator=(const Browser&) = delete;
     ~Browser() override {
         for (const char* scheme : {"https", "http", "file"}) {
             QDesktopServices::unsetUrlHandler(QString::fromUtf8(scheme));
         }
     }
 
-    QStringList opened;
+    Q_INVOKABLE void open(const QUrl& url) { opened << url.toString(); }
 
- public slots:
-    void open(const QUrl& url) { opened << url.toString(); }
+    QStringList opened;
 };
 
 TEST(QtWorkspaceTest, OpensCompleteHttpsAddressesOnly) {

@@ -3,7 +3,10 @@
 #include <array>
 #include <chrono>
 #include <coroutine>
+#include <string>
+#include <vector>
 
+#include <fmt/format.h>
 #include <QTimer>
 
 namespace kalvo::monkey {
@@ -46,8 +49,8 @@ platform::Task<platform::Result<std::string>> UnreliableSession::get(
     platform::HttpRequest request) {
     static const std::array<std::string, 6> kBroken{"",
                                                     "<html>errore</html>",
-                                                    "{\"results\":[{\"name\":1},null]}",
-                                                    "{\"series\":{\"data\":[]}}",
+                                                    R"({"results":[{"name":1},null]})",
+                                                    R"({"series":{"data":[]}})",
                                                     std::string(200'000, '['),
                                                     "\xff\xfe not UTF-8"};
     const Counted counted(pending_);
@@ -67,15 +70,14 @@ platform::Task<platform::Result<std::string>> UnreliableSession::get(
 
 std::string UnreliableSession::goodAnswer(const std::string& url) {
     if (contains(url, "/query3")) {
-        std::string places;
-        const int count = below(30);
-        for (int i = 0; i < count; ++i) {
-            const std::string number = std::to_string(below(90));
-            places += std::string(i > 0 ? "," : "") + R"({"name":"Luogo <b>)" + number +
-                      R"(</b>","country":"Terra","lat":)" + number + R"(.5,"lon":-)" + number +
-                      R"(,"url":"p)" + number + R"(","iso2":"TT"})";
+        std::vector<std::string> places(static_cast<std::size_t>(below(30)));
+        for (std::string& place : places) {
+            place = fmt::format(
+                R"({{"name":"Luogo <b>{0}</b>","country":"Terra","lat":{0}.5,"lon":-{0},)"
+                R"("url":"p{0}","iso2":"TT"}})",
+                below(90));
         }
-        return "{\"results\":[" + places + "]}";
+        return fmt::format(R"({{"results":[{}]}})", fmt::join(places, ","));
     }
     if (contains(url, "/modelclimate/")) {
         return R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
@@ -93,21 +95,20 @@ std::string UnreliableSession::goodAnswer(const std::string& url) {
 }
 
 std::string UnreliableSession::chart(const std::vector<std::string>& series, int values) {
-    static const std::array<std::string, 6> kOddValues{"1e300",   "-40",      "null",
-                                                       "\"inf\"", "\"12.5\"", "9e18"};
-    std::string document = "{\"series\":[";
-    for (std::size_t index = 0; index < series.size(); ++index) {
-        document +=
-            (index > 0 ? ",{\"name\":\"" : "{\"name\":\"") + series[index] + "\",\"data\":[";
-        for (int value = 0; value < values; ++value) {
-            if (value > 0) document += ',';
-            document += below(40) == 0
-                            ? kOddValues[static_cast<std::size_t>(below(kOddValues.size()))]
-                            : std::to_string(below(12));
+    static const std::array<std::string, 6> kOddValues{"1e300",    "-40",       "null",
+                                                       R"("inf")", R"("12.5")", "9e18"};
+    std::vector<std::string> documents;
+    documents.reserve(series.size());
+    for (const std::string& name : series) {
+        std::vector<std::string> numbers(static_cast<std::size_t>(values));
+        for (std::string& number : numbers) {
+            number = below(40) == 0 ? kOddValues[static_cast<std::size_t>(below(kOddValues.size()))]
+                                    : std::to_string(below(12));
         }
-        document += "]}";
+        documents.push_back(
+            fmt::format(R"({{"name":"{}","data":[{}]}})", name, fmt::join(numbers, ",")));
     }
-    return document + "]}";
+    return fmt::format(R"({{"series":[{}]}})", fmt::join(documents, ","));
 }
 
 }  // namespace kalvo::monkey
