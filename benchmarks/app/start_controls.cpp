@@ -18,14 +18,13 @@
 
 namespace {
 
-/// The first frame of the full window is written in 13 fonts from 7 to 14 pixels.
-constexpr int kFonts = 13;
-
+/// The first frame of the full window is written in 10 fonts from 7 to 14 pixels.
 QFont fontNumber(int number) {
-    constexpr int kSizes = 8;
+    constexpr int kSizes = 7;
+    constexpr int kFonts = 10;
     QFont font = QApplication::font();
-    font.setPixelSize(7 + number % kSizes);
-    font.setBold(number >= kSizes);
+    font.setPixelSize(7 + number % kFonts % kSizes);
+    font.setBold(number % kFonts >= kSizes);
     return font;
 }
 
@@ -44,7 +43,7 @@ QVBoxLayout* makeControls() {
     for (int button = 0; button < 7; ++button) {
         controls->addWidget(new QPushButton(QStringLiteral("Bottone %1").arg(button)));
     }
-    for (int number = 0; number < kFonts; ++number) {
+    for (int number = 0; number < 13; ++number) {
         auto* label = new QLabel(QStringLiteral("Testo del carattere %1").arg(number));
         label->setFont(fontNumber(number));
         controls->addWidget(label);
