@@ -30,7 +30,7 @@ void speakItalian(QTranslator& qtTexts) {
 
 int runApplication(int argc, char** argv, const std::function<void(QMainWindow&)>& opened) {
     // While the application connects to the desktop.
-    std::jthread fontConfiguration = platform::readFontConfiguration();
+    std::future<void> fontConfiguration = platform::readFontConfiguration();
     QApplication::setApplicationName(QStringLiteral("Kalvo_Tresk"));
     QApplication::setApplicationDisplayName(QString::fromUtf8(kApplicationName));
     QApplication::setApplicationVersion(QStringLiteral("1.0"));

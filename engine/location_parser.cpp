@@ -146,7 +146,7 @@ LocationParser& LocationParser::shared() {
 }
 
 void LocationParser::readLocationsAhead() {
-    readAhead_ = std::async(std::launch::async, [this] { return readCatalogue(); });
+    readAhead_ = std::async([this] { return readCatalogue(); });
 }
 
 Catalogue LocationParser::loadLocations() {

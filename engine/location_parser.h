@@ -29,7 +29,8 @@ class LocationParser {
     /// The application's own instance, on its bundle and standard output.
     [[nodiscard]] static LocationParser& shared();
 
-    /// Begins to read the catalogue on a thread of its own; the next `loadLocations` waits for it.
+    /// Begins to read the catalogue on a thread of its own, if one can be had; the next
+    /// `loadLocations` takes what it read.
     void readLocationsAhead();
 
     /// The place catalogue, "comuni_italia.csv".

@@ -25,7 +25,8 @@ void paintInBands(QImage& image, const std::function<void(QPainter&, const QRect
             paintRows(image.height() * band / kBands, image.height() * (band + 1) / kBands);
         }
     };
-    std::future<void> other = std::async(std::launch::async, paintBands);
+    // Without a thread to be had it finds no band left.
+    std::future<void> other = std::async(paintBands);
     paintBands();
     other.get();
 }

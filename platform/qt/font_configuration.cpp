@@ -6,11 +6,11 @@
 
 namespace kalvo::platform {
 
-std::jthread readFontConfiguration() {
+std::future<void> readFontConfiguration() {
 #ifdef __APPLE__
     return {};
 #else
-    return std::jthread([] { FcInit(); });
+    return std::async([] { FcInit(); });
 #endif
 }
 

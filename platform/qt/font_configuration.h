@@ -1,12 +1,12 @@
 #pragma once
 
-#include <thread>
+#include <future>
 
 namespace kalvo::platform {
 
-/// Reads the system's font configuration on a thread of its own; it ends with the thread and stays
-/// read for the rest of the run. To be waited for before the first font is used. Does nothing where
-/// fonts need no such reading.
-[[nodiscard]] std::jthread readFontConfiguration();
+/// Reads the system's font configuration on a thread of its own, if one can be had; it stays read
+/// for the rest of the run. To be let go, which waits, before the first font is used. Does nothing
+/// where fonts need no such reading.
+[[nodiscard]] std::future<void> readFontConfiguration();
 
 }  // namespace kalvo::platform
