@@ -56,12 +56,6 @@ class Header final : public QHeaderView {
     }
 
  protected:
-    /// The columns are given their widths; by itself a header measures its titles in a bold font
-    /// that nothing else needs.
-    [[nodiscard]] QSize sectionSizeFromContents(int section) const override {
-        return {sectionSize(section), lineHeight(font())};
-    }
-
     void paintSection(QPainter* painter, const QRect& rect, int section) const override {
         painter->setFont(font());
         painter->setPen(Theme::current().text);
