@@ -1,7 +1,5 @@
 #include "geo/globe_view.h"
 
-#include <cmath>
-
 #include <gmock/gmock.h>
 
 #include "geo/globe_projection.h"
@@ -64,13 +62,6 @@ TEST(GlobeViewTest, ContinentsStandInForMissingCountries) {
                             "lines #2ebd5e 1.5 6 of 38 points"));
     EXPECT_EQ(tests::described(drawn(view, {{{80, 0}, {80, 10}}}), "lines").back(),
               "lines #2ebd5e 1.2 1 of 2 points");
-}
-
-TEST(GlobeViewTest, LinesEndALittleBehindTheRim) {
-    const LineBatch lines = outlinesOf(drawn(viewFrom(0, 0), {{{0, 88}, {0, 92}, {0, 93}}}));
-    ASSERT_EQ(lines.points.size(), 2u);
-    EXPECT_NEAR(lines.points[1].x, 115 + 100 * std::sin(toRadians(92)), 1e-9);
-    EXPECT_NEAR(lines.points[1].y, 115, 1e-9);
 }
 
 TEST(GlobeViewTest, AHiddenStretchCutsALineInTwo) {

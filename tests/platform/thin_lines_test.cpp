@@ -27,29 +27,6 @@ struct Covers {
     }
 };
 
-TEST(CoverageMaskTest, LevelAndUprightLinesCoverWhatTheyCover) {
-    struct Case {
-        double middle;
-        float width;
-        std::array<double, 3> covers;  // of the rows or columns 9, 10 and 11
-    };
-    for (const Case& c :
-         {Case{10.5, 1, {0, 1, 0}}, Case{10, 1, {0.5, 0.5, 0}}, Case{10.75, 1, {0, 0.75, 0.25}},
-          Case{10.5, 1.5F, {0.25, 1, 0.25}}, Case{10.5, 0.5F, {0, 0.5, 0}}}) {
-        const auto middle = static_cast<float>(c.middle);
-        const Covers level({{4, middle}, {30, middle}}, c.width);
-        const Covers upright({{middle, 30}, {middle, 4}}, c.width);
-        for (int i = 0; i < 3; ++i) {
-            EXPECT_NEAR(level.at(20, 9 + i), c.covers[static_cast<std::size_t>(i)], 0.01);
-            EXPECT_NEAR(upright.at(9 + i, 20), c.covers[static_cast<std::size_t>(i)], 0.01);
-        }
-        // Butt ends, on the edge of a pixel.
-        EXPECT_EQ(level.at(3, 10), 0);
-        for (int x = 4; x < 30; ++x) EXPECT_NEAR(level.at(x, 10), c.covers[1], 0.01) << x;
-        EXPECT_EQ(level.at(30, 10), 0);
-    }
-}
-
 TEST(CoverageMaskTest, ACornerIsMitredAndAHairpinIsNot) {
     // The outer corner of a right angle is filled; a spike would reach far beyond a hairpin.
     const Covers corner({{10, 20}, {20, 20}, {20, 30}}, 4);

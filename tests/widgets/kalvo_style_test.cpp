@@ -33,14 +33,6 @@ void applyTheme(const QColor& desktop) {
     Theme::apply(bundle());
 }
 
-TEST(ThemeTest, FollowsTheDesktopIntoTheDark) {
-    for (const auto& [desktop, window] : {std::pair{30, "#131715"}, {240, "#fcfdfc"}}) {
-        applyTheme(QColor(desktop, desktop, desktop));
-        EXPECT_EQ(Theme::current().dark, desktop == 30);
-        EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(window));
-    }
-}
-
 /// Contrast ratio of WCAG 2.1 between two opaque colours.
 double contrast(const QColor& a, const QColor& b) {
     const auto luminance = [](const QColor& color) {

@@ -1,7 +1,6 @@
 #include "widgets/segmented_control.h"
 
 #include <gtest/gtest.h>
-#include <QAccessible>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -44,15 +43,6 @@ TEST_F(SegmentedControlTest, AClickAnywhereOnASegmentAndTheArrowsChoose) {
     ASSERT_EQ(chosen.count(), 2);
     EXPECT_EQ(chosen[0][0].toInt(), 2);
     EXPECT_EQ(chosen[1][0].toInt(), 0);
-}
-
-TEST_F(SegmentedControlTest, ScreenReadersSeeNamedRadioButtons) {
-    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&control);
-    EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Tipo Turbina"));
-    ASSERT_EQ(face->childCount(), 3);
-    EXPECT_EQ(face->child(1)->role(), QAccessible::RadioButton);
-    EXPECT_EQ(face->child(1)->text(QAccessible::Name), QStringLiteral("2 kW"));
-    EXPECT_TRUE(face->child(0)->state().checked);
 }
 
 }  // namespace
