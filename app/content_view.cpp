@@ -5,7 +5,7 @@
 #include <numbers>
 #include <utility>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace kalvo::app {
 
@@ -132,7 +132,7 @@ void ContentView::loadGeoMapsForCountry(const std::string& country) {
     provinceWindMap.clear();
     for (const Location& place : allLocations) {
         if (!place.kwh1kw) continue;
-        double& highest = provinceWindMap[platform::uppercased(place.province)];
+        double& highest = provinceWindMap[base::uppercased(place.province)];
         highest = std::max(highest, *place.kwh1kw);
     }
 }
@@ -159,10 +159,10 @@ std::vector<std::string> ContentView::getFilteredLocationNames() const {
 
 void ContentView::filterLocations(std::string_view query) {
     if (isOnlineEntry()) return;
-    const std::string wanted = platform::lowercased(platform::trimmedSpacesAndNewlines(query));
+    const std::string wanted = base::lowercased(base::trimmedSpacesAndNewlines(query));
     filteredLocationNames = getFilteredLocationNames();
     std::erase_if(filteredLocationNames, [&](const std::string& label) {
-        return platform::lowercased(label).find(wanted) == std::string::npos;
+        return base::lowercased(label).find(wanted) == std::string::npos;
     });
     if (filteredLocationNames.empty()) return;
     selectedLocationLabel = filteredLocationNames.front();
@@ -173,21 +173,21 @@ void ContentView::performOnlineSearch() {
     if (!searchText.empty()) tasks_.start(searchOnline());
 }
 
-platform::Task<void> ContentView::searchOnline() {
+base::Task<void> ContentView::searchOnline() {
     isFetchingOnline = true;
     std::string query = searchText;
     auto found = co_await services_.scraper.searchLocations(std::move(query), targetLat, targetLon);
     // Before the results are taken: they may start a download, which shows the indicator again.
     isFetchingOnline = false;
     if (found) {
-        takeSearchResults(std::move(*found));
+        applySearchResults(std::move(*found));
     } else {
         services_.diagnostics.print("Online search error: " + found.error().description());
     }
     if (onChanged) onChanged();
 }
 
-void ContentView::takeSearchResults(std::vector<online::MeteoblueSearchResult> results) {
+void ContentView::applySearchResults(std::vector<online::MeteoblueSearchResult> results) {
     onlineSearchResults = std::move(results);
     onlineLocations.clear();
     std::vector<std::string> names;
@@ -208,7 +208,7 @@ void ContentView::onGlobeTapped(double lat, double lon) {
     tasks_.start(searchNear(lat, lon));
 }
 
-platform::Task<void> ContentView::searchNear(double lat, double lon) {
+base::Task<void> ContentView::searchNear(double lat, double lon) {
     std::string nameless = "Località Globale";
     searchText = co_await services_.scraper.reverseGeocode(lat, lon, std::move(nameless));
     performOnlineSearch();
@@ -226,7 +226,7 @@ void ContentView::calculate() {
         resultText = "Seleziona una località valida.";
         return;
     }
-    pointAt(*place);
+    setTarget(*place);
     Calculation calculation{
         .place = *place, .quantity = quantity, .kwh = yieldFor(*place, selectedTurbineKW)};
     if (isOnlineMode) {
@@ -247,7 +247,7 @@ const Location* ContentView::findPlace() const {
     return found == onlineLocations.end() ? nullptr : &found->second;
 }
 
-void ContentView::pointAt(const Location& place) {
+void ContentView::setTarget(const Location& place) {
     constexpr double kRadiansPerDegree = std::numbers::pi / 180;
     targetLat = place.latitude;
     targetLon = place.longitude;
@@ -258,14 +258,14 @@ void ContentView::pointAt(const Location& place) {
     }
 }
 
-platform::Task<void> ContentView::calculateOnline(std::string slug, Calculation calculation) {
+base::Task<void> ContentView::calculateOnline(std::string slug, Calculation calculation) {
     isFetchingOnline = true;
     auto climate = co_await services_.scraper.fetchClimateData(std::move(slug));
     if (climate) {
         currentDistribution = std::move(climate->windDistribution);
         currentRoseData = std::move(climate->windRose);
-        currentSolarData =
-            climate->solarData ? std::move(*climate->solarData) : offlineSky(calculation.place);
+        currentSolarData = climate->solarData ? std::move(*climate->solarData)
+                                              : offlineSolarData(calculation.place);
         updateCalculationsDisplay(calculation.place, calculation.quantity, true);
     } else {
         services_.diagnostics.print("Meteoblue online fetch failed: " +
@@ -285,11 +285,11 @@ void ContentView::calculateOffline(const Calculation& calculation) {
                                                                 .lat = targetLat,
                                                                 .lon = targetLon,
                                                                 .region = place.region});
-    currentSolarData = offlineSky(place);
+    currentSolarData = offlineSolarData(place);
     updateCalculationsDisplay(place, calculation.quantity, false);
 }
 
-engine::SolarData ContentView::offlineSky(const Location& place) const {
+engine::SolarData ContentView::offlineSolarData(const Location& place) const {
     return CalculationEngine::calculateOfflineSolarData(
         {.lat = targetLat, .lon = targetLon, .region = place.region});
 }
@@ -326,8 +326,6 @@ void ContentView::updateCalculationsDisplay(const Location& location,
                  kWhPerYear(CalculationEngine::correctionCoefficient * windTotal);
 }
 
-void ContentView::copyResult() {
-    services_.pasteboard.setString(detailsText + "\n\n" + resultText);
-}
+void ContentView::copyResult() { services_.clipboard.setString(detailsText + "\n\n" + resultText); }
 
 }  // namespace kalvo::app

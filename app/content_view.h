@@ -9,17 +9,17 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/bundle.h"
+#include "base/clipboard.h"
+#include "base/diagnostics.h"
+#include "base/task.h"
 #include "engine/calculation_engine.h"
 #include "engine/catalogue.h"
 #include "engine/climate_data.h"
 #include "engine/location.h"
 #include "engine/location_parser.h"
-#include "geo/geojson.h"
+#include "geojson/geojson.h"
 #include "online/meteoblue_scraper.h"
-#include "platform/bundle.h"
-#include "platform/diagnostics.h"
-#include "platform/pasteboard.h"
-#include "platform/task.h"
 
 namespace kalvo::app {
 
@@ -30,9 +30,9 @@ inline constexpr std::string_view kOnlineCountry = "Altre località online";
 struct Services {
     engine::LocationParser& parser;
     online::MeteoblueScraper& scraper;
-    platform::Pasteboard& pasteboard;
-    platform::Diagnostics& diagnostics;
-    const platform::Bundle& bundle;
+    base::Clipboard& clipboard;
+    base::Diagnostics& diagnostics;
+    const base::Bundle& bundle;
 };
 
 /// The whole interactive state of one window, and every operation on it. The screen shows its
@@ -80,8 +80,8 @@ class ContentView {
     std::optional<double> targetLat;  // degrees
     std::optional<double> targetLon;  // degrees
     std::optional<std::string> targetName;
-    std::optional<geo::GeoMapData> regionMapData;
-    std::optional<geo::GeoMapData> provinceMapData;
+    std::optional<geojson::GeoMapData> regionMapData;
+    std::optional<geojson::GeoMapData> provinceMapData;
     /// Province code in upper case to the highest 1 kW yield of its places, kWh per year.
     std::unordered_map<std::string, double> provinceWindMap;
 
@@ -127,17 +127,17 @@ class ContentView {
 
     [[nodiscard]] bool isOnlineEntry() const { return selectedCountry == kOnlineCountry; }
     [[nodiscard]] const engine::Location* findPlace() const;
-    void pointAt(const engine::Location& place);
+    void setTarget(const engine::Location& place);
     void calculateOffline(const Calculation& calculation);
-    [[nodiscard]] engine::SolarData offlineSky(const engine::Location& place) const;
-    void takeSearchResults(std::vector<online::MeteoblueSearchResult> results);
+    [[nodiscard]] engine::SolarData offlineSolarData(const engine::Location& place) const;
+    void applySearchResults(std::vector<online::MeteoblueSearchResult> results);
 
-    platform::Task<void> searchOnline();
-    platform::Task<void> searchNear(double lat, double lon);
-    platform::Task<void> calculateOnline(std::string slug, Calculation calculation);
+    base::Task<void> searchOnline();
+    base::Task<void> searchNear(double lat, double lon);
+    base::Task<void> calculateOnline(std::string slug, Calculation calculation);
 
     Services services_;
-    platform::TaskScope tasks_;  // last, so that it ends before what its tasks use
+    base::TaskScope tasks_;  // last, so that it ends before what its tasks use
 };
 
 }  // namespace kalvo::app

@@ -6,16 +6,16 @@ namespace {
 constexpr double kCornerRadius = 6;
 }
 
-void drawInChartFrame(platform::Canvas& canvas,
-                      platform::Size size,
+void drawInChartFrame(graphics::Canvas& canvas,
+                      graphics::Size size,
                       const std::function<void()>& drawContent) {
-    const platform::Rect paper{0, 0, size.width, size.height};
-    canvas.fillRoundedRect(paper, kCornerRadius, platform::kWhite);
+    const graphics::Rect paper{0, 0, size.width, size.height};
+    canvas.fillRoundedRect(paper, kCornerRadius, graphics::kWhite);
     canvas.save();
     canvas.clipRoundedRect(paper, kCornerRadius);
     drawContent();
     canvas.restore();
-    canvas.strokeRoundedRect(paper, kCornerRadius, {platform::kGray.withOpacity(0.2), 1});
+    canvas.strokeRoundedRect(paper, kCornerRadius, {graphics::kGray.withOpacity(0.2), 1});
 }
 
 }  // namespace kalvo::charts

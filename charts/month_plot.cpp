@@ -5,7 +5,7 @@
 
 namespace kalvo::charts {
 
-MonthPlot MonthPlot::of(platform::Size size) {
+MonthPlot MonthPlot::of(graphics::Size size) {
     return {
         .left = 35,
         .right = size.width - 15,
@@ -20,23 +20,23 @@ std::optional<std::size_t> MonthPlot::monthAt(double x) const {
     return std::min(static_cast<std::size_t>(twelfths), kMonths - 1);
 }
 
-bool contains(const platform::Rect& rect, platform::Point point) {
+bool contains(const graphics::Rect& rect, graphics::Point point) {
     const auto [top, bottom] = std::minmax({rect.y, rect.y + rect.height});
     return point.x >= rect.x && point.x < rect.x + rect.width && point.y >= top && point.y < bottom;
 }
 
-void drawDayAxis(platform::Canvas& canvas, const MonthPlot& plot, const DayAxisStyle& style) {
+void drawDayAxis(graphics::Canvas& canvas, const MonthPlot& plot, const DayAxisStyle& style) {
     for (int days = 0; days <= 30; days += 5) {
         const double y = plot.y(days);
         if (days >= style.firstLine) {
             canvas.strokePath({{{{{plot.left, y}, {plot.right, y}}, false}}}, style.gridline);
         }
         canvas.drawText(std::to_string(days) + "g", {plot.left - 12, y},
-                        {style.labelSize, false, platform::kGray});
+                        {style.labelSize, false, graphics::kGray});
     }
 }
 
-platform::Rect barSegment(double left, double width, double bottom, double length) {
+graphics::Rect barSegment(double left, double width, double bottom, double length) {
     constexpr double kFarthest = 1e9;  // points
     const double from = std::clamp(bottom, -kFarthest, kFarthest);
     const double to = std::clamp(bottom - length, -kFarthest, kFarthest);

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "platform/canvas.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::charts {
 
@@ -17,32 +17,32 @@ struct MonthPlot {
     double baseline;  // y of 0 days
     double height;    // of 31 days
 
-    [[nodiscard]] static MonthPlot of(platform::Size size);
+    [[nodiscard]] static MonthPlot of(graphics::Size size);
 
     [[nodiscard]] double width() const { return right - left; }
     /// How tall so many days are drawn.
-    [[nodiscard]] double lengthOf(double days) const { return days / 31 * height; }
-    [[nodiscard]] double y(double days) const { return baseline - lengthOf(days); }
+    [[nodiscard]] double heightForDays(double days) const { return days / 31 * height; }
+    [[nodiscard]] double y(double days) const { return baseline - heightForDays(days); }
     /// The month whose twelfth of the width holds `x`, or nothing beside the plot.
     [[nodiscard]] std::optional<std::size_t> monthAt(double x) const;
 };
 
 /// Whether a point lies in a rectangle whose height may be negative (then it hangs from its y).
-[[nodiscard]] bool contains(const platform::Rect& rect, platform::Point point);
+[[nodiscard]] bool contains(const graphics::Rect& rect, graphics::Point point);
 
 /// How the horizontal lines of a plot and their labels look.
 struct DayAxisStyle {
-    platform::Stroke gridline;
+    graphics::Stroke gridline;
     int firstLine;     // days; the lines below are left out
     double labelSize;  // points
 };
 
 /// Draws a line and a label for every fifth day from 0 to 30.
-void drawDayAxis(platform::Canvas& canvas, const MonthPlot& plot, const DayAxisStyle& style);
+void drawDayAxis(graphics::Canvas& canvas, const MonthPlot& plot, const DayAxisStyle& style);
 
 /// The rectangle of a bar's segment that rises by `length` from `bottom`. An end far outside any
 /// window is brought nearer: beside 1e300 a rectangle's position and height could no longer say
 /// where its other end is.
-[[nodiscard]] platform::Rect barSegment(double left, double width, double bottom, double length);
+[[nodiscard]] graphics::Rect barSegment(double left, double width, double bottom, double length);
 
 }  // namespace kalvo::charts

@@ -8,8 +8,8 @@
 #include <fmt/format.h>
 
 #include "charts/chart_frame.h"
+#include "charts/italian_text.h"
 #include "charts/month_plot.h"
-#include "charts/wording.h"
 #include "engine/calculation_engine.h"
 
 namespace kalvo::charts {
@@ -17,9 +17,9 @@ namespace kalvo::charts {
 namespace {
 
 using Condition = SolarChartView::Condition;
-using platform::Color;
-using platform::kGray;
-using platform::Point;
+using graphics::Color;
+using graphics::kGray;
+using graphics::Point;
 
 /// Where a stack ends that rises without end: another endless segment can still lead back.
 constexpr double kEndless = 1e300;  // points
@@ -75,7 +75,7 @@ struct Bars {
     [[nodiscard]] double left(std::size_t month) const {
         return firstLeft + static_cast<double>(month) * 1.5 * width;
     }
-    [[nodiscard]] double centre(std::size_t month) const { return left(month) + width / 2; }
+    [[nodiscard]] double center(std::size_t month) const { return left(month) + width / 2; }
 };
 
 /// Calls `visit(condition, rectangle)` for the segments of a month's bar, from the bottom up.
@@ -89,7 +89,7 @@ void forEachSegment(const engine::SolarData& data,
     for (const Condition condition : kSkyConditions) {
         const std::optional<double> days = daysOf(data, condition, month);
         if (!days) continue;
-        const double length = plot.lengthOf(*days);
+        const double length = plot.heightForDays(*days);
         visit(condition, barSegment(bars.left(month), bars.width, bottom, length));
         bottom = std::clamp(bottom - length, -kEndless, kEndless);
     }
@@ -101,13 +101,13 @@ std::vector<Point> precipitationLine(const engine::SolarData& data, const MonthP
     points.reserve(MonthPlot::kMonths);
     for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
         const std::optional<double> days = daysOf(data, Condition::kPrecipitation, month);
-        if (days) points.push_back({bars.centre(month), plot.y(*days)});
+        if (days) points.push_back({bars.center(month), plot.y(*days)});
     }
     return points;
 }
 
 /// Whether a point lies on a line that runs from left to right, give or take a few points.
-bool liesOn(const std::vector<Point>& line, Point point) {
+bool isNearPolyline(const std::vector<Point>& line, Point point) {
     constexpr double kReach = 3;
     for (std::size_t i = 1; i < line.size(); ++i) {
         const Point& from = line[i - 1];
@@ -123,7 +123,7 @@ bool liesOn(const std::vector<Point>& line, Point point) {
 
 }  // namespace
 
-void SolarChartView::draw(platform::Canvas& canvas, platform::Size size) const {
+void SolarChartView::draw(graphics::Canvas& canvas, graphics::Size size) const {
     drawInChartFrame(canvas, size, [&] {
         const MonthPlot plot = MonthPlot::of(size);
         const Bars bars = Bars::of(plot);
@@ -131,27 +131,27 @@ void SolarChartView::draw(platform::Canvas& canvas, platform::Size size) const {
                     {.gridline = {kGray.withOpacity(0.2), 1}, .firstLine = 0, .labelSize = 7});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
             forEachSegment(solarData, plot, month,
-                           [&](Condition condition, const platform::Rect& rect) {
+                           [&](Condition condition, const graphics::Rect& rect) {
                                canvas.fillRect(rect, colorOf(condition));
                            });
             canvas.drawText(engine::CalculationEngine::months[month],
-                            {bars.centre(month), plot.baseline + 10}, {8, false, kGray});
+                            {bars.center(month), plot.baseline + 10}, {8, false, kGray});
         }
         canvas.strokePath({{{precipitationLine(solarData, plot), false}}},
                           {colorOf(Condition::kPrecipitation), 2});
     });
 }
 
-std::optional<SolarChartView::Hit> SolarChartView::hitTest(platform::Point point,
-                                                           platform::Size size) const {
+std::optional<SolarChartView::Hit> SolarChartView::hitTest(graphics::Point point,
+                                                           graphics::Size size) const {
     const MonthPlot plot = MonthPlot::of(size);
     const std::optional<std::size_t> month = plot.monthAt(point.x);
     if (!month) return std::nullopt;
     Hit hit{*month, std::nullopt};
-    forEachSegment(solarData, plot, *month, [&](Condition condition, const platform::Rect& rect) {
+    forEachSegment(solarData, plot, *month, [&](Condition condition, const graphics::Rect& rect) {
         if (contains(rect, point)) hit.condition = condition;
     });
-    if (liesOn(precipitationLine(solarData, plot), point)) {
+    if (isNearPolyline(precipitationLine(solarData, plot), point)) {
         hit.condition = Condition::kPrecipitation;
     }
     return hit;
@@ -160,7 +160,7 @@ std::optional<SolarChartView::Hit> SolarChartView::hitTest(platform::Point point
 std::string SolarChartView::describe(const Hit& hit) const {
     const auto daysIn = [&](Condition condition) {
         const std::optional<double> days = daysOf(solarData, condition, hit.month);
-        return days ? inDays(*days) : std::string("nessun dato");
+        return days ? formatDays(*days) : std::string("nessun dato");
     };
     const std::string_view month = monthName(hit.month);
     if (hit.condition) {
@@ -185,7 +185,7 @@ std::string SolarChartView::summary() const {
             }
         }
         return fmt::format("{} ({})", monthName(best),
-                           inDays(daysOf(solarData, condition, best).value_or(0)));
+                           formatDays(daysOf(solarData, condition, best).value_or(0)));
     };
     return fmt::format("Il mese con più giorni di sole è {}, quello con più giorni di pioggia {}.",
                        largest(Condition::kSunny), largest(Condition::kPrecipitation));

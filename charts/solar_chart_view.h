@@ -5,7 +5,7 @@
 #include <string>
 
 #include "engine/climate_data.h"
-#include "platform/canvas.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::charts {
 
@@ -24,9 +24,9 @@ struct SolarChartView {
         friend bool operator==(const Hit&, const Hit&) = default;
     };
 
-    void draw(platform::Canvas& canvas, platform::Size size) const;
+    void draw(graphics::Canvas& canvas, graphics::Size size) const;
     /// What lies at a point of a view of that size; nothing beside the plot.
-    [[nodiscard]] std::optional<Hit> hitTest(platform::Point point, platform::Size size) const;
+    [[nodiscard]] std::optional<Hit> hitTest(graphics::Point point, graphics::Size size) const;
     /// What was hit and its figures, in words; the conditions of a whole month on lines of their
     /// own.
     [[nodiscard]] std::string describe(const Hit& hit) const;

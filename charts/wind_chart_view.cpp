@@ -5,9 +5,9 @@
 #include <fmt/format.h>
 
 #include "charts/chart_frame.h"
-#include "charts/class_counts.h"
+#include "charts/italian_text.h"
 #include "charts/month_plot.h"
-#include "charts/wording.h"
+#include "charts/speed_histogram.h"
 #include "engine/calculation_engine.h"
 
 namespace kalvo::charts {
@@ -17,30 +17,30 @@ namespace {
 using engine::CalculationEngine;
 using engine::WindRange;
 
-double centreOfMonth(const MonthPlot& plot, std::size_t month) {
+double centerOfMonth(const MonthPlot& plot, std::size_t month) {
     const double groupWidth = plot.width() / MonthPlot::kMonths;
     return plot.left + static_cast<double>(month) * groupWidth + groupWidth / 2;
 }
 
 /// Calls `visit(class, rectangle)` for the segments of a month's bar, from the bottom up.
 template <class Visit>
-void forEachSegment(const SevenCounts& counts,
+void forEachSegment(const SpeedHistogram& counts,
                     const MonthPlot& plot,
                     std::size_t month,
                     const Visit& visit) {
     const double barWidth = std::max(plot.width() / MonthPlot::kMonths * 0.6, 6.0);
-    const double left = centreOfMonth(plot, month) - barWidth / 2;
+    const double left = centerOfMonth(plot, month) - barWidth / 2;
     double top = plot.baseline;
     for (std::size_t windClass = WindRange::kCount; windClass-- > 0;) {
         if (counts[windClass] <= 0) continue;
-        const double length = plot.lengthOf(static_cast<double>(counts[windClass]));
+        const double length = plot.heightForDays(static_cast<double>(counts[windClass]));
         visit(windClass, barSegment(left, barWidth, top, length));
         top -= length;
     }
 }
 
 /// Days of 20 km/h and more: the wind that turbines live on.
-double windyDays(const SevenCounts& counts) {
+double windyDays(const SpeedHistogram& counts) {
     constexpr std::size_t kFirstWindyClass = 4;
     double days = 0;
     for (std::size_t i = kFirstWindyClass; i < counts.size(); ++i) {
@@ -51,33 +51,33 @@ double windyDays(const SevenCounts& counts) {
 
 }  // namespace
 
-void WindChartView::draw(platform::Canvas& canvas, platform::Size size) const {
+void WindChartView::draw(graphics::Canvas& canvas, graphics::Size size) const {
     drawInChartFrame(canvas, size, [&] {
         const MonthPlot plot = MonthPlot::of(size);
         drawDayAxis(canvas, plot,
-                    {.gridline = {platform::kGray.withOpacity(0.3), 1, {2, 2}},
+                    {.gridline = {graphics::kGray.withOpacity(0.3), 1, {2, 2}},
                      .firstLine = 5,
                      .labelSize = 8});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
             const std::string_view name = CalculationEngine::months[month];
-            canvas.drawText(name, {centreOfMonth(plot, month), plot.baseline + 12},
-                            {8, true, platform::kGray});
+            canvas.drawText(name, {centerOfMonth(plot, month), plot.baseline + 12},
+                            {8, true, graphics::kGray});
             forEachSegment(countsOfMonth(distribution, name), plot, month,
-                           [&](std::size_t windClass, const platform::Rect& rect) {
+                           [&](std::size_t windClass, const graphics::Rect& rect) {
                                canvas.fillRect(rect, WindRange::colors[windClass]);
                            });
         }
     });
 }
 
-std::optional<WindChartView::Hit> WindChartView::hitTest(platform::Point point,
-                                                         platform::Size size) const {
+std::optional<WindChartView::Hit> WindChartView::hitTest(graphics::Point point,
+                                                         graphics::Size size) const {
     const MonthPlot plot = MonthPlot::of(size);
     const std::optional<std::size_t> month = plot.monthAt(point.x);
     if (!month) return std::nullopt;
     Hit hit{*month, std::nullopt};
     forEachSegment(countsOfMonth(distribution, CalculationEngine::months[*month]), plot, *month,
-                   [&](std::size_t windClass, const platform::Rect& rect) {
+                   [&](std::size_t windClass, const graphics::Rect& rect) {
                        if (contains(rect, point)) hit.windClass = windClass;
                    });
     return hit;
@@ -86,7 +86,7 @@ std::optional<WindChartView::Hit> WindChartView::hitTest(platform::Point point,
 std::string WindChartView::describe(const Hit& hit) const {
     return describeCounts(monthName(hit.month),
                           countsOfMonth(distribution, CalculationEngine::months[hit.month]),
-                          hit.windClass, inDays);
+                          hit.windClass, formatDays);
 }
 
 std::string WindChartView::summary() const {
@@ -101,7 +101,7 @@ std::string WindChartView::summary() const {
     };
     return fmt::format(
         "Giorni al mese con vento da 20 km/h in su: il massimo è a {} ({}), il minimo a {} ({}).",
-        monthOf(windiest), inDays(*windiest), monthOf(calmest), inDays(*calmest));
+        monthOf(windiest), formatDays(*windiest), monthOf(calmest), formatDays(*calmest));
 }
 
 }  // namespace kalvo::charts

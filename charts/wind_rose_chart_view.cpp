@@ -9,8 +9,8 @@
 #include <fmt/format.h>
 
 #include "charts/chart_frame.h"
-#include "charts/class_counts.h"
-#include "charts/wording.h"
+#include "charts/italian_text.h"
+#include "charts/speed_histogram.h"
 #include "engine/wind_range.h"
 
 namespace kalvo::charts {
@@ -18,24 +18,24 @@ namespace kalvo::charts {
 namespace {
 
 using engine::WindRange;
-using platform::kGray;
+using graphics::kGray;
 
 constexpr std::size_t kSectors = 16;
 constexpr double kSectorDegrees = 22.5;
 constexpr double kHalfWedgeDegrees = 7.5;
 
 struct Disc {
-    platform::Point centre;
+    graphics::Point center;
     double radius;
 
-    static Disc of(platform::Size size) {
+    static Disc of(graphics::Size size) {
         return {{size.width / 2, size.height / 2 - 5}, std::min(size.width, size.height) / 2 - 20};
     }
 
     /// The point at an angle counter-clockwise from east.
-    [[nodiscard]] platform::Point at(double degrees, double distance) const {
+    [[nodiscard]] graphics::Point at(double degrees, double distance) const {
         const double radians = degrees * std::numbers::pi / 180;
-        return {centre.x + distance * std::cos(radians), centre.y - distance * std::sin(radians)};
+        return {center.x + distance * std::cos(radians), center.y - distance * std::sin(radians)};
     }
 };
 
@@ -52,15 +52,15 @@ constexpr std::array<Spoke, 8> kSpokes{{{"N", 90},
                                         {"W", 180},
                                         {"NW", 135}}};
 
-void drawRing(platform::Canvas& canvas, const Disc& disc, int value, int full) {
+void drawRing(graphics::Canvas& canvas, const Disc& disc, int value, int full) {
     const double radius = static_cast<double>(value) / full * disc.radius;
-    canvas.strokeCircle(disc.centre, radius, {kGray.withOpacity(0.3), 1});
-    canvas.drawText(std::to_string(value), {disc.centre.x, disc.centre.y - radius - 6},
+    canvas.strokeCircle(disc.center, radius, {kGray.withOpacity(0.3), 1});
+    canvas.drawText(std::to_string(value), {disc.center.x, disc.center.y - radius - 6},
                     {7, false, kGray});
 }
 
-void drawSpoke(platform::Canvas& canvas, const Disc& disc, const Spoke& spoke) {
-    canvas.strokePath({{{{disc.centre, disc.at(spoke.degrees, disc.radius)}, false}}},
+void drawSpoke(graphics::Canvas& canvas, const Disc& disc, const Spoke& spoke) {
+    canvas.strokePath({{{{disc.center, disc.at(spoke.degrees, disc.radius)}, false}}},
                       {kGray.withOpacity(0.2), 1});
     canvas.drawText(spoke.label, disc.at(spoke.degrees, disc.radius + 12), {8, true, kGray});
 }
@@ -68,9 +68,9 @@ void drawSpoke(platform::Canvas& canvas, const Disc& disc, const Spoke& spoke) {
 /// C(k): the counts of classes 0 to k together, for every class k.
 using CumulativeCounts = std::array<double, WindRange::kCount>;
 
-SevenCounts countsOfSector(const engine::WindRoseData& data, std::size_t sector) {
+SpeedHistogram countsOfSector(const engine::WindRoseData& data, std::size_t sector) {
     const auto found = data.find(static_cast<int>(sector));
-    return found == data.end() ? SevenCounts{} : sevenCounts(found->second);
+    return found == data.end() ? SpeedHistogram{} : sevenCounts(found->second);
 }
 
 CumulativeCounts cumulativeCounts(const engine::WindRoseData& data, std::size_t sector) {
@@ -81,7 +81,7 @@ CumulativeCounts cumulativeCounts(const engine::WindRoseData& data, std::size_t 
     return cumulative;
 }
 
-void drawSector(platform::Canvas& canvas,
+void drawSector(graphics::Canvas& canvas,
                 const Disc& disc,
                 std::size_t sector,
                 const CumulativeCounts& cumulative,
@@ -89,7 +89,7 @@ void drawSector(platform::Canvas& canvas,
     const double bearing = kSectorDegrees * static_cast<double>(sector);
     for (std::size_t windClass = WindRange::kCount; windClass-- > 0;) {
         if (cumulative[windClass] <= 0) continue;
-        canvas.fillWedge({.centre = disc.centre,
+        canvas.fillWedge({.center = disc.center,
                           .radius = cumulative[windClass] / full * disc.radius,
                           .startBearing = bearing - kHalfWedgeDegrees,
                           .endBearing = bearing + kHalfWedgeDegrees},
@@ -110,7 +110,7 @@ WindRoseChartView::Scale WindRoseChartView::scale() const {
     return {2000, 500, 1000};
 }
 
-void WindRoseChartView::draw(platform::Canvas& canvas, platform::Size size) const {
+void WindRoseChartView::draw(graphics::Canvas& canvas, graphics::Size size) const {
     drawInChartFrame(canvas, size, [&] {
         const Disc disc = Disc::of(size);
         const Scale shown = scale();
@@ -123,12 +123,12 @@ void WindRoseChartView::draw(platform::Canvas& canvas, platform::Size size) cons
     });
 }
 
-std::optional<WindRoseChartView::Hit> WindRoseChartView::hitTest(platform::Point point,
-                                                                 platform::Size size) const {
+std::optional<WindRoseChartView::Hit> WindRoseChartView::hitTest(graphics::Point point,
+                                                                 graphics::Size size) const {
     const Disc disc = Disc::of(size);
     if (disc.radius <= 0) return std::nullopt;
-    const double east = point.x - disc.centre.x;
-    const double north = disc.centre.y - point.y;
+    const double east = point.x - disc.center.x;
+    const double north = disc.center.y - point.y;
     const double distance = std::hypot(east, north);
     const double bearing = std::atan2(east, north) * 180 / std::numbers::pi;
     const double sectors = std::round(bearing / kSectorDegrees);
@@ -149,7 +149,7 @@ std::optional<WindRoseChartView::Hit> WindRoseChartView::hitTest(platform::Point
 
 std::string WindRoseChartView::describe(const Hit& hit) const {
     return describeCounts(directionName(hit.sector), countsOfSector(roseData, hit.sector),
-                          hit.windClass, inHours);
+                          hit.windClass, formatHours);
 }
 
 std::string WindRoseChartView::summary() const {
@@ -163,8 +163,8 @@ std::string WindRoseChartView::summary() const {
         return directionName(static_cast<std::size_t>(position - totals.begin()));
     };
     return fmt::format("Il vento soffia soprattutto da {} ({} l'anno), meno di tutto da {} ({}).",
-                       directionOf(prevailing), inHours(*prevailing), directionOf(rarest),
-                       inHours(*rarest));
+                       directionOf(prevailing), formatHours(*prevailing), directionOf(rarest),
+                       formatHours(*rarest));
 }
 
 }  // namespace kalvo::charts

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "engine/climate_data.h"
-#include "platform/canvas.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::charts {
 
@@ -33,9 +33,9 @@ struct WindRoseChartView {
     /// Chosen from the largest sector total; keys beyond 15 take part.
     [[nodiscard]] Scale scale() const;
 
-    void draw(platform::Canvas& canvas, platform::Size size) const;
+    void draw(graphics::Canvas& canvas, graphics::Size size) const;
     /// What lies at a point of a view of that size; nothing outside the disc and its wedges.
-    [[nodiscard]] std::optional<Hit> hitTest(platform::Point point, platform::Size size) const;
+    [[nodiscard]] std::optional<Hit> hitTest(graphics::Point point, graphics::Size size) const;
     /// What was hit and its figures, in words; the classes of a whole direction on lines of their
     /// own.
     [[nodiscard]] std::string describe(const Hit& hit) const;

@@ -1,6 +1,6 @@
 #include "charts/wind_table_view.h"
 
-#include "charts/class_counts.h"
+#include "charts/speed_histogram.h"
 #include "engine/calculation_engine.h"
 #include "engine/wind_range.h"
 
@@ -25,8 +25,8 @@ std::string WindTableView::clipboardText() const {
     return text;
 }
 
-void WindTableView::copyToClipboard(platform::Pasteboard& pasteboard) {
-    pasteboard.setString(clipboardText());
+void WindTableView::copyToClipboard(base::Clipboard& clipboard) {
+    clipboard.setString(clipboardText());
     copiedNotice = true;
 }
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/clipboard.h"
 #include "engine/climate_data.h"
-#include "platform/pasteboard.h"
 
 namespace kalvo::charts {
 
@@ -30,7 +30,7 @@ struct WindTableView {
 
     /// Puts the text on the clipboard and begins the notice. Whoever shows the view ends it after
     /// two seconds.
-    void copyToClipboard(platform::Pasteboard& pasteboard);
+    void copyToClipboard(base::Clipboard& clipboard);
 };
 
 }  // namespace kalvo::charts

@@ -24,7 +24,7 @@ if(KALVO_SANITIZE)
   add_compile_options(-fsanitize=${KALVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KALVO_SANITIZE})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # g++ 12 sees uninitialised members in std::optional and std::variant, and copies beyond short
+    # g++ 12 sees uninitialized members in std::optional and std::variant, and copies beyond short
     # strings, that only its own sanitizer instrumentation makes it lose track of.
     add_compile_options(-Wno-maybe-uninitialized -Wno-array-bounds -Wno-stringop-overflow)
   endif()

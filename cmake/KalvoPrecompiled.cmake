@@ -4,7 +4,7 @@
 
 # kalvo_precompile(<kind> [LINK <targets...>] [HEADERS <headers...>] [OPTIONS <options...>])
 # Defines a kind: the headers given, on top of those that every kind has. A target of its own
-# compiles it, so that no room waits for another's sources.
+# compiles it, so that no library waits for another's sources.
 function(kalvo_precompile kind)
   cmake_parse_arguments(KIND "" "" "LINK;HEADERS;OPTIONS" ${ARGN})
   set(unit ${CMAKE_BINARY_DIR}/precompiled/${kind}.cpp)
@@ -20,9 +20,11 @@ function(kalvo_precompile kind)
 endfunction()
 
 # kalvo_use_precompiled(<kind> <targets...>)
-# The compiler takes them only for targets with the same options that link what the kind links.
+# The compiler takes them only for targets with the same options, so each links what the kind does.
 function(kalvo_use_precompiled kind)
+  get_target_property(linked kalvo_precompiled_${kind} LINK_LIBRARIES)
   foreach(target IN LISTS ARGN)
+    target_link_libraries(${target} PRIVATE ${linked})
     target_precompile_headers(${target} REUSE_FROM kalvo_precompiled_${kind})
   endforeach()
 endfunction()

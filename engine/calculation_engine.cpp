@@ -7,7 +7,7 @@
 
 namespace kalvo::engine {
 
-using platform::Color;
+using graphics::Color;
 
 const std::array<std::string_view, 12> CalculationEngine::months{
     "Gen", "Feb", "Mar", "Apr", "Mag", "Giu", "Lug", "Ago", "Set", "Ott", "Nov", "Dic"};

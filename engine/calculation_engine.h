@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "engine/climate_data.h"
-#include "platform/color.h"
+#include "graphics/color.h"
 
 namespace kalvo::engine {
 
@@ -44,9 +44,9 @@ class CalculationEngine {
     /// Net over gross production.
     static constexpr double correctionCoefficient = 0.7;
 
-    /// The wind map's colour for a yield (kWh per year, catalogue scale): a ramp from pale blue
+    /// The wind map's color for a yield (kWh per year, catalogue scale): a ramp from pale blue
     /// (2800 and less) over yellow-green and orange to red (5900 and more).
-    [[nodiscard]] static platform::Color getWindColor(double kwh);
+    [[nodiscard]] static graphics::Color getWindColor(double kwh);
 
     /// Mean wind of each month over that of the year: the alpine or the standard profile.
     [[nodiscard]] static const std::array<double, 12>& getMonthlyFactors(const PlaceArgs& place);
@@ -60,7 +60,7 @@ class CalculationEngine {
     /// gives the same rose in every run.
     [[nodiscard]] static WindRoseData calculateWindRoseData(const WindRoseArgs& args);
 
-    /// Sky conditions of the north, the centre or the south of Italy, by latitude and region.
+    /// Sky conditions of the north, the center or the south of Italy, by latitude and region.
     [[nodiscard]] static SolarData calculateOfflineSolarData(const PlaceArgs& place);
 
     /// kWh per year of one turbine of `kw` (1, 2; any other counts as 3), a whole number.

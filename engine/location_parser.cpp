@@ -9,9 +9,9 @@
 #include <string>
 #include <utility>
 
-#include "engine/delimited_text.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "engine/csv_reader.h"
 
 namespace kalvo::engine {
 
@@ -49,11 +49,11 @@ using Fields = std::vector<std::string_view>;
 
 Columns takeHeader(std::string_view& text) {
     Fields names;
-    takeRow(text, kNowhere, names);
+    readRow(text, kNowhere, names);
     std::map<std::string, std::size_t, std::less<>> positions;
     for (std::size_t position = 0; position < names.size(); ++position) {
-        const std::string_view name = platform::trimmedSpacesAndNewlines(names[position]);
-        positions.insert_or_assign(platform::lowercased(name), position);
+        const std::string_view name = base::trimmedSpacesAndNewlines(names[position]);
+        positions.insert_or_assign(base::lowercased(name), position);
     }
     const auto column = [&positions](std::string_view name, std::size_t unnamed = kNowhere) {
         const auto found = positions.find(name);
@@ -75,11 +75,11 @@ Columns takeHeader(std::string_view& text) {
 std::optional<double> numberIn(const Fields& fields, std::size_t position) {
     if (position >= fields.size()) return std::nullopt;
     const std::string_view field = fields[position];
-    std::optional<double> number = platform::parseDouble(field);
+    std::optional<double> number = base::parseDouble(field);
     if (!number && field.find(',') != std::string_view::npos) {
         std::string withPoint(field);
         std::replace(withPoint.begin(), withPoint.end(), ',', '.');
-        number = platform::parseDouble(withPoint);
+        number = base::parseDouble(withPoint);
     }
     return number;
 }
@@ -90,12 +90,12 @@ bool namesPlace(const Fields& fields, const Columns& columns) {
 }
 
 Location readPlace(const Fields& fields, const Columns& columns) {
-    const std::string_view city = platform::trimmedSpaces(fields[columns.city]);
-    const std::string_view province = platform::trimmedSpaces(fields[columns.province]);
+    const std::string_view city = base::trimmedSpaces(fields[columns.city]);
+    const std::string_view province = base::trimmedSpaces(fields[columns.province]);
     // A station of blanks is one without a name, not none.
     const bool hasStation = columns.station < fields.size() && !fields[columns.station].empty();
     const std::string_view station =
-        hasStation ? platform::trimmedSpaces(fields[columns.station]) : std::string_view{};
+        hasStation ? base::trimmedSpaces(fields[columns.station]) : std::string_view{};
     std::string label;
     label.reserve(city.size() + province.size() + station.size() + std::strlen(" () - "));
     label.append(city).append(" (").append(province).append(")");
@@ -104,7 +104,7 @@ Location readPlace(const Fields& fields, const Columns& columns) {
         .label = std::move(label),
         .city = std::string(city),
         .province = std::string(province),
-        .region = std::string(platform::trimmedSpaces(fields[columns.region])),
+        .region = std::string(base::trimmedSpaces(fields[columns.region])),
         .kwh1kw = numberIn(fields, columns.kwh1kw),
         .kwh2kw = numberIn(fields, columns.kwh2kw),
         .kwh3kw = numberIn(fields, columns.kwh3kw),
@@ -125,15 +125,15 @@ std::vector<Location> readPlaces(std::string_view text) {
     places.reserve(text.size() / kShortLine);
     Fields fields;
     while (!text.empty()) {
-        takeRow(text, fieldLimit, fields);
+        readRow(text, fieldLimit, fields);
         if (namesPlace(fields, columns)) places.push_back(readPlace(fields, columns));
     }
     return places;
 }
 
-platform::Result<std::string> utf8Text(std::string bytes) {
-    if (!platform::isValidUtf8(bytes)) {
-        return platform::Failure({"FileRead", EILSEQ, "the file is not UTF-8 text"});
+base::Result<std::string> utf8Text(std::string bytes) {
+    if (!base::isValidUtf8(bytes)) {
+        return base::Failure({"FileRead", EILSEQ, "the file is not UTF-8 text"});
     }
     return bytes;
 }
@@ -141,11 +141,11 @@ platform::Result<std::string> utf8Text(std::string bytes) {
 }  // namespace
 
 LocationParser& LocationParser::shared() {
-    static LocationParser parser(platform::Bundle::main(), platform::Diagnostics::standardOutput());
+    static LocationParser parser(base::Bundle::main(), base::Diagnostics::standardOutput());
     return parser;
 }
 
-void LocationParser::readLocationsAhead() {
+void LocationParser::prefetchLocations() {
     readAhead_ = std::async([this] { return readCatalogue(); });
 }
 
@@ -162,7 +162,7 @@ LocationParser::CatalogueReading LocationParser::readCatalogue() const {
     const std::string file(kCatalogueFile);
     const auto path = bundle_.path("comuni_italia", "csv");
     if (!path) return tl::unexpected(file + " not found in bundle!");
-    const platform::Result<std::string> text = platform::readFile(*path).and_then(utf8Text);
+    const base::Result<std::string> text = base::readFile(*path).and_then(utf8Text);
     if (!text) {
         return tl::unexpected("Error loading " + file + ": " + text.error().description());
     }

@@ -9,11 +9,11 @@
 
 #include <tl/expected.hpp>
 
+#include "base/bundle.h"
+#include "base/diagnostics.h"
 #include "engine/catalogue.h"
 #include "engine/country_ring.h"
-#include "geo/geojson.h"
-#include "platform/bundle.h"
-#include "platform/diagnostics.h"
+#include "geojson/geojson.h"
 
 namespace kalvo::engine {
 
@@ -23,7 +23,7 @@ namespace kalvo::engine {
 class LocationParser {
  public:
     /// Both outlive the parser.
-    LocationParser(const platform::Bundle& bundle, platform::Diagnostics& diagnostics)
+    LocationParser(const base::Bundle& bundle, base::Diagnostics& diagnostics)
         : bundle_(bundle), diagnostics_(diagnostics) {}
 
     /// The application's own instance, on its bundle and standard output.
@@ -31,14 +31,14 @@ class LocationParser {
 
     /// Begins to read the catalogue on a thread of its own, if one can be had; the next
     /// `loadLocations` takes what it read.
-    void readLocationsAhead();
+    void prefetchLocations();
 
     /// The place catalogue, "comuni_italia.csv".
     [[nodiscard]] Catalogue loadLocations();
 
     /// The outlines in a GeoJSON resource, named with or without ".json"; nothing when it is
     /// missing (silently) or cannot be decoded.
-    [[nodiscard]] std::optional<geo::GeoMapData> loadGeoJSON(std::string_view name) const;
+    [[nodiscard]] std::optional<geojson::GeoMapData> loadGeoJSON(std::string_view name) const;
 
     /// The world's country outlines, thinned to at most about 80 positions a ring. Read once;
     /// after a failure every call tries again. The reference stays valid and unchanged.
@@ -49,8 +49,8 @@ class LocationParser {
     using CatalogueReading = tl::expected<Catalogue, std::string>;
     [[nodiscard]] CatalogueReading readCatalogue() const;
 
-    const platform::Bundle& bundle_;
-    platform::Diagnostics& diagnostics_;
+    const base::Bundle& bundle_;
+    base::Diagnostics& diagnostics_;
     std::future<CatalogueReading> readAhead_;
     std::optional<std::vector<CountryRing>> cachedWorldRings;
 };

@@ -1,5 +1,5 @@
 #include "engine/calculation_engine.h"
-#include "engine/region_text.h"
+#include "engine/folded_region.h"
 
 namespace kalvo::engine {
 
@@ -15,7 +15,7 @@ const SolarData& north() {
     return sky;
 }
 
-const SolarData& centre() {
+const SolarData& center() {
     static const SolarData sky{
         .sunny = {7, 8, 11, 12, 14, 15, 18, 17, 13, 11, 7, 6},
         .partlyCloudy = {17, 14, 15, 14, 13, 12, 11, 12, 14, 15, 17, 18},
@@ -38,12 +38,12 @@ const SolarData& south() {
 }  // namespace
 
 SolarData CalculationEngine::calculateOfflineSolarData(const PlaceArgs& place) {
-    const RegionText region(place.region);
+    const FoldedRegion region(place.region);
     if (region.contains("sicilia") || region.contains("sardegna")) return south();
     const double degreesSouth = place.lat ? 46 - *place.lat : 4.0;  // of the 46th parallel
     if (degreesSouth > 4.5) return south();
-    if (region.contains("lazio") || region.contains("campania")) return centre();
-    return degreesSouth > 2.5 ? centre() : north();
+    if (region.contains("lazio") || region.contains("campania")) return center();
+    return degreesSouth > 2.5 ? center() : north();
 }
 
 }  // namespace kalvo::engine

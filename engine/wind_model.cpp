@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "engine/calculation_engine.h"
-#include "engine/region_text.h"
+#include "engine/folded_region.h"
 #include "engine/wind_range.h"
 #include "engine/wind_scale.h"
 
@@ -12,7 +12,7 @@ namespace kalvo::engine {
 
 namespace {
 
-using ClassShares = std::array<double, WindRange::kCount>;
+using ClassProbabilities = std::array<double, WindRange::kCount>;
 
 constexpr std::size_t kMonths = 12;
 constexpr std::size_t kSectors = 16;
@@ -24,13 +24,13 @@ constexpr std::array<double, kMonths> kAlpineFactors{0.75, 0.85, 1.15, 1.25, 1.2
 
 /// The share of each wind-speed class under a Rayleigh distribution round a mean speed (km/h):
 /// P(speed > v) = exp(-(v / c)^2), with c = 1.128 times the mean.
-ClassShares rayleighShares(double meanSpeed) {
+ClassProbabilities rayleighShares(double meanSpeed) {
     constexpr std::array<double, WindRange::kCount> kUpperEdges{2, 5, 10, 20, 30, 40, 999};
     const double scale = meanSpeed * 1.128;
     // Without wind, or with a yield that is not a number, every day is a calm one.
     if (scale == 0 || std::isnan(scale)) return {1};
 
-    ClassShares shares;
+    ClassProbabilities shares;
     double aboveLowerEdge = 1;
     for (std::size_t k = 0; k < shares.size(); ++k) {
         const double ratio = kUpperEdges[k] / scale;
@@ -52,7 +52,7 @@ std::int32_t rounded(double value) {
 /// A total split by shares into whole numbers; what rounding lost or won goes to the first of the
 /// largest, so that they add up to the total.
 std::array<std::int32_t, WindRange::kCount> apportioned(std::int32_t total,
-                                                        const ClassShares& shares) {
+                                                        const ClassProbabilities& shares) {
     std::array<std::int32_t, WindRange::kCount> counts{};
     for (std::size_t k = 0; k < shares.size(); ++k) counts[k] = rounded(shares[k] * total);
     *std::max_element(counts.begin(), counts.end()) +=
@@ -111,7 +111,7 @@ struct PrevailingSectors {
 };
 
 PrevailingSectors prevailingSectors(std::string_view region) {
-    const RegionText name(region);
+    const FoldedRegion name(region);
     if (name.contains("sardegna")) return {12, 14};
     if (name.contains("sicilia")) return {6, 14};
     if (name.contains("liguria")) return {10, 0};
@@ -119,7 +119,7 @@ PrevailingSectors prevailingSectors(std::string_view region) {
     return {6, 14};
 }
 
-/// Weight of each sector, not normalised. The draws of a sector shift those of all later ones.
+/// Weight of each sector, not normalized. The draws of a sector shift those of all later ones.
 std::array<double, kSectors> sectorWeights(const PrevailingSectors& prevailing,
                                            Randomness randomness) {
     std::array<double, kSectors> weights{};
@@ -144,7 +144,7 @@ std::uint64_t roseSeed(std::string_view label) {
 }  // namespace
 
 const std::array<double, 12>& CalculationEngine::getMonthlyFactors(const PlaceArgs& place) {
-    const RegionText region(place.region);
+    const FoldedRegion region(place.region);
     if (region.contains("valle") || region.contains("trentino")) return kAlpineFactors;
     const bool isAlpine = place.lat.value_or(0) > 45.8 && place.lon.value_or(0) < 12.0;
     return isAlpine ? kAlpineFactors : kStandardFactors;
@@ -173,8 +173,8 @@ WindRoseData CalculationEngine::calculateWindRoseData(const WindRoseArgs& args) 
         sectorWeights(prevailing, Randomness(roseSeed(args.cityLabel)));
     const double weightSum = std::accumulate(weights.begin(), weights.end(), 0.0);
     const double mean = meanSpeed(args.kwh);
-    const ClassShares prevailingShares = rayleighShares(1.3 * mean);
-    const ClassShares otherShares = rayleighShares(0.85 * mean);
+    const ClassProbabilities prevailingShares = rayleighShares(1.3 * mean);
+    const ClassProbabilities otherShares = rayleighShares(0.85 * mean);
 
     WindRoseData rose;
     rose.reserve(kSectors);

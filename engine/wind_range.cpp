@@ -2,7 +2,7 @@
 
 namespace kalvo::engine {
 
-using platform::Color;
+using graphics::Color;
 
 const std::array<std::string_view, WindRange::kCount> WindRange::labels{
     "< 2 km/h", "2-5 km/h", "5-10 km/h", "10-20 km/h", "20-30 km/h", "30-40 km/h", "40-50 km/h"};

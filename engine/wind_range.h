@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/color.h"
+#include "graphics/color.h"
 
 namespace kalvo::engine {
 
@@ -13,7 +13,7 @@ namespace kalvo::engine {
 struct WindRange {
     static constexpr std::size_t kCount = 7;
     static const std::array<std::string_view, kCount> labels;  // "< 2 km/h" to "40-50 km/h"
-    static const std::array<platform::Color, kCount> colors;
+    static const std::array<graphics::Color, kCount> colors;
 };
 
 }  // namespace kalvo::engine

@@ -15,7 +15,7 @@ inline constexpr double kSpeedSpan = 12;         // ... this many km/h
 }
 
 /// The yield in kWh per year of a mean wind in km/h.
-[[nodiscard]] constexpr double yieldOfMeanSpeed(double speed) {
+[[nodiscard]] constexpr double yieldFromMeanSpeed(double speed) {
     return kReferenceYield + (speed - kReferenceSpeed) / kSpeedSpan * kYieldSpan;
 }
 

@@ -11,7 +11,7 @@ using kalvo::fuzz::require;
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const kalvo::tests::TemporaryFolder folder;
     folder.write("comuni_italia.csv", kalvo::fuzz::asText(data, size));
-    const kalvo::platform::Bundle bundle(folder.path());
+    const kalvo::base::Bundle bundle(folder.path());
     kalvo::tests::RecordingDiagnostics diagnostics;
     const auto catalogue = kalvo::engine::LocationParser(bundle, diagnostics).loadLocations();
 

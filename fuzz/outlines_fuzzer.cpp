@@ -9,7 +9,7 @@ using kalvo::fuzz::require;
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const kalvo::tests::TemporaryFolder folder;
     folder.write("world_countries.json", kalvo::fuzz::asText(data, size));
-    const kalvo::platform::Bundle bundle(folder.path());
+    const kalvo::base::Bundle bundle(folder.path());
     kalvo::tests::RecordingDiagnostics diagnostics;
     kalvo::engine::LocationParser parser(bundle, diagnostics);
 

@@ -1,25 +1,25 @@
 #include <cmath>
 #include <string>
 
+#include "base/numbers.h"
+#include "base/text.h"
 #include "fuzz/fuzzing.h"
-#include "platform/color.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "graphics/color.h"
 
 using kalvo::fuzz::require;
-namespace platform = kalvo::platform;
+namespace base = kalvo::base;
 
 namespace {
 
 void checkNumber(std::string_view text) {
-    const auto value = platform::parseDouble(text);
+    const auto value = base::parseDouble(text);
     if (!value || std::isnan(*value)) return;
-    const auto again = platform::parseDouble(platform::shortestDecimal(*value));
+    const auto again = base::parseDouble(base::shortestDecimal(*value));
     require(again == *value, "the shortest decimal reads back as the same double");
 }
 
 void checkColor(std::string_view text) {
-    const auto color = platform::Color::hex(text);
+    const auto color = kalvo::graphics::Color::hex(text);
     for (const double component : {color.red, color.green, color.blue, color.opacity}) {
         require(component >= 0 && component <= 1, "components are from 0 to 1");
     }
@@ -27,21 +27,21 @@ void checkColor(std::string_view text) {
 
 void checkTrimming(std::string_view text) {
     for (const std::string_view trimmed :
-         {platform::trimmedSpaces(text), platform::trimmedSpacesAndNewlines(text),
-          platform::trimmedToAlphanumerics(text)}) {
+         {base::trimmedSpaces(text), base::trimmedSpacesAndNewlines(text),
+          base::trimmedToAlphanumerics(text)}) {
         require(trimmed.empty() || text.find(trimmed) != std::string_view::npos,
                 "a trimmed text is part of the text");
     }
-    require(platform::characterCount(text) <= text.size(), "a character has at least one byte");
-    if (platform::isValidUtf8(text)) {
-        require(platform::isValidUtf8(platform::lowercased(text)), "case mapping keeps UTF-8");
-        require(platform::isValidUtf8(platform::uppercased(text)), "case mapping keeps UTF-8");
+    require(base::codePointCount(text) <= text.size(), "a character has at least one byte");
+    if (base::isValidUtf8(text)) {
+        require(base::isValidUtf8(base::lowercased(text)), "case mapping keeps UTF-8");
+        require(base::isValidUtf8(base::uppercased(text)), "case mapping keeps UTF-8");
     }
 }
 
 }  // namespace
 
-/// The input is a short text of any kind: a number, a colour, a name.
+/// The input is a short text of any kind: a number, a color, a name.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = kalvo::fuzz::asText(data, size);
     checkNumber(text);

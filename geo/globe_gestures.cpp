@@ -45,7 +45,7 @@ void togglePause(GlobeView& globe) {
     if (!globe.isPaused) globe.isAutoRotating = true;
 }
 
-void tap(const GlobeView& globe, platform::Point point, platform::Size viewSize) {
+void tap(const GlobeView& globe, graphics::Point point, graphics::Size viewSize) {
     if (!globe.onGlobeTap) return;
     const GlobeProjection projection(globe.centerLat, globe.centerLon, viewSize);
     if (const auto place = projection.invert(point)) globe.onGlobeTap(place->lat, place->lon);

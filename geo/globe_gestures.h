@@ -1,7 +1,7 @@
 #pragma once
 
 #include "geo/globe_view.h"
-#include "platform/geometry.h"
+#include "graphics/geometry.h"
 
 /// What moves the globe. Every function takes the time it happens at, so that nothing here waits.
 namespace kalvo::geo {
@@ -15,8 +15,8 @@ void tick(GlobeView& globe, GlobeView::Time now);
 
 /// How far a drag has come since it began, and how far it would get if it were let go now; points.
 struct GlobeDrag {
-    platform::Size translation;
-    platform::Size predictedEndTranslation;
+    graphics::Size translation;
+    graphics::Size predictedEndTranslation;
 };
 
 /// One movement of a drag. Each applies the whole translation again: a drag held away from its
@@ -31,6 +31,6 @@ void togglePause(GlobeView& globe);
 
 /// Tells `onGlobeTap` which place a point of a view of this size shows; outside the disc nothing
 /// happens.
-void tap(const GlobeView& globe, platform::Point point, platform::Size viewSize);
+void tap(const GlobeView& globe, graphics::Point point, graphics::Size viewSize);
 
 }  // namespace kalvo::geo

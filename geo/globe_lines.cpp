@@ -7,7 +7,7 @@ namespace kalvo::geo {
 
 namespace {
 
-/// The least cosine of a visible point's distance from the centre.
+/// The least cosine of a visible point's distance from the center.
 constexpr double kVisibleFrom = -0.05;
 
 /// Wider than the rounding of a scalar product, far below what a picture shows.
@@ -51,7 +51,7 @@ void GlobeLines::add(std::span<const engine::LatLon> line) {
                       .seenFrom = seenUpTo > 0 ? std::cos(seenUpTo) + kSlack : 2});
 }
 
-void GlobeLines::project(const GlobeProjection& projection, platform::LineBatch& visible) const {
+void GlobeLines::project(const GlobeProjection& projection, graphics::LineBatch& visible) const {
     visible.clear();
     for (const Line& line : lines_) {
         const double cosDistance = dot(projection.towards(), line.middle);
@@ -66,11 +66,11 @@ void GlobeLines::project(const GlobeProjection& projection, platform::LineBatch&
 
 void GlobeLines::projectWhole(const Line& line,
                               const GlobeProjection& projection,
-                              platform::LineBatch& visible) const {
+                              graphics::LineBatch& visible) const {
     const std::size_t start = visible.points.size();
     visible.starts.push_back(start);
     visible.points.resize(start + line.end - line.begin);
-    platform::Point* points = visible.points.data() + start;
+    graphics::Point* points = visible.points.data() + start;
     for (std::size_t i = line.begin; i < line.end; ++i) {
         *points++ = projection.project({x_[i], y_[i], z_[i]}).point;
     }
@@ -78,7 +78,7 @@ void GlobeLines::projectWhole(const Line& line,
 
 void GlobeLines::projectPart(const Line& line,
                              const GlobeProjection& projection,
-                             platform::LineBatch& visible) const {
+                             graphics::LineBatch& visible) const {
     bool joined = false;
     for (std::size_t i = line.begin; i < line.end; ++i) {
         const auto [point, cosDistance] = projection.project({x_[i], y_[i], z_[i]});

@@ -6,7 +6,7 @@
 
 #include "engine/country_ring.h"
 #include "geo/globe_projection.h"
-#include "platform/canvas.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::geo {
 
@@ -22,7 +22,7 @@ class GlobeLines {
 
     /// Replaces the batch by the visible runs of every line. A point is visible a little beyond
     /// the near hemisphere, so that lines reach the rim.
-    void project(const GlobeProjection& projection, platform::LineBatch& visible) const;
+    void project(const GlobeProjection& projection, graphics::LineBatch& visible) const;
 
  private:
     struct Line {
@@ -30,17 +30,17 @@ class GlobeLines {
         std::size_t end;
         UnitVector middle;  // of the bounding cap
         // The line is hidden as a whole below the one cosine of the cap's distance from the
-        // view's centre, and seen as a whole from the other on.
+        // view's center, and seen as a whole from the other on.
         double hiddenBelow;
         double seenFrom;
     };
 
     void projectWhole(const Line& line,
                       const GlobeProjection& projection,
-                      platform::LineBatch& visible) const;
+                      graphics::LineBatch& visible) const;
     void projectPart(const Line& line,
                      const GlobeProjection& projection,
-                     platform::LineBatch& visible) const;
+                     graphics::LineBatch& visible) const;
 
     std::vector<double> x_;
     std::vector<double> y_;

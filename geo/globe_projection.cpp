@@ -23,7 +23,7 @@ UnitVector unitVector(engine::LatLon place) {
     return {std::cos(lat) * std::cos(lon), std::cos(lat) * std::sin(lon), std::sin(lat)};
 }
 
-GlobeProjection::GlobeProjection(double centerLat, double centerLon, platform::Size viewSize)
+GlobeProjection::GlobeProjection(double centerLat, double centerLon, graphics::Size viewSize)
     : centerLon_(centerLon),
       middle_{viewSize.width * 0.5, viewSize.height * 0.5},
       radius_(std::min(viewSize.width, viewSize.height) / 2.3) {
@@ -36,7 +36,7 @@ GlobeProjection::GlobeProjection(double centerLat, double centerLon, platform::S
     towards_ = {cosLat * cosLon, cosLat * sinLon, sinLat};
 }
 
-std::optional<engine::LatLon> GlobeProjection::invert(platform::Point point) const {
+std::optional<engine::LatLon> GlobeProjection::invert(graphics::Point point) const {
     const double x = (point.x - middle_.x) / radius_;
     const double y = (middle_.y - point.y) / radius_;
     const double squaredDistance = x * x + y * y;
@@ -46,7 +46,7 @@ std::optional<engine::LatLon> GlobeProjection::invert(platform::Point point) con
     const double sinCenter = towards_.z;
     const double sinLat = std::clamp(y * cosCenter + z * sinCenter, -1.0, 1.0);
     const double lat = std::asin(sinLat);
-    // At a pole every longitude is the same place: the centre's own is the natural one to name.
+    // At a pole every longitude is the same place: the center's own is the natural one to name.
     const bool isPole = std::cos(lat) <= 0.000001;
     const double turn = isPole ? 0 : std::atan2(x, z * cosCenter - y * sinCenter);
     return engine::LatLon{toDegrees(lat), toDegrees(wrapped(centerLon_ + turn))};

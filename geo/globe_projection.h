@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "engine/country_ring.h"
-#include "platform/geometry.h"
+#include "graphics/geometry.h"
 
 namespace kalvo::geo {
 
@@ -28,16 +28,16 @@ struct UnitVector {
 
 /// The orthographic projection of the sphere on the disc in the middle of a view (Snyder, Map
 /// Projections: A Working Manual, USGS 1987, chapter 20). The sines and cosines of the view's
-/// centre are taken once; a point given as a unit vector then costs three scalar products.
+/// center are taken once; a point given as a unit vector then costs three scalar products.
 class GlobeProjection {
  public:
-    /// The centre of the view is in radians; its longitude may lie many turns away from 0. The
+    /// The center of the view is in radians; its longitude may lie many turns away from 0. The
     /// disc's diameter is the view's shorter side divided by 1.15.
-    GlobeProjection(double centerLat, double centerLon, platform::Size viewSize);
+    GlobeProjection(double centerLat, double centerLon, graphics::Size viewSize);
 
     struct Projected {
-        platform::Point point;
-        double cosDistance;  // of the angle from the centre: not negative on the near side
+        graphics::Point point;
+        double cosDistance;  // of the angle from the center: not negative on the near side
     };
     [[nodiscard]] Projected project(const UnitVector& place) const {
         return {{middle_.x + radius_ * dot(right_, place), middle_.y - radius_ * dot(up_, place)},
@@ -46,9 +46,9 @@ class GlobeProjection {
 
     /// The place seen at a point of the view, its longitude from -180 (included) to 180 degrees
     /// (excluded); nothing outside the disc.
-    [[nodiscard]] std::optional<engine::LatLon> invert(platform::Point point) const;
+    [[nodiscard]] std::optional<engine::LatLon> invert(graphics::Point point) const;
 
-    [[nodiscard]] platform::Point middle() const { return middle_; }
+    [[nodiscard]] graphics::Point middle() const { return middle_; }
     [[nodiscard]] double radius() const { return radius_; }  // points
 
     /// The view's axes on the sphere: to the right, upwards and towards the eye.
@@ -58,7 +58,7 @@ class GlobeProjection {
 
  private:
     double centerLon_;
-    platform::Point middle_;
+    graphics::Point middle_;
     double radius_;
     UnitVector right_;
     UnitVector up_;

@@ -4,7 +4,7 @@
 
 #include "engine/country_ring.h"
 #include "geo/globe_lines.h"
-#include "platform/canvas.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::geo {
 
@@ -15,7 +15,7 @@ struct GlobeScene {
     GlobeLines meridians;
     GlobeLines outlines;
     double outlineWidth;  // points
-    platform::LineBatch projected;
+    graphics::LineBatch projected;
 
     /// The globe with the outlines of the world's countries or, without any, of six continents.
     [[nodiscard]] static GlobeScene make(std::span<const engine::CountryRing> countries);

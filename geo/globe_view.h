@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "geo/globe_scene.h"
-#include "platform/canvas.h"
-#include "platform/color.h"
+#include "graphics/canvas.h"
+#include "graphics/color.h"
 
 namespace kalvo::geo {
 
@@ -33,28 +33,28 @@ struct GlobeView {
     bool isPaused = false;
 
     /// Draws the globe in the middle of an area; it does not clear what is around it.
-    void draw(platform::Canvas& canvas, platform::Size size, GlobeScene& scene) const;
+    void draw(graphics::Canvas& canvas, graphics::Size size, GlobeScene& scene) const;
 
     /// The two halves of `draw`, in this order: what stays as it is while the globe turns about
     /// its axis (disc, rim and parallels), and what turns.
-    void drawGround(platform::Canvas& canvas, platform::Size size, GlobeScene& scene) const;
-    void drawTurning(platform::Canvas& canvas, platform::Size size, GlobeScene& scene) const;
+    void drawBackground(graphics::Canvas& canvas, graphics::Size size, GlobeScene& scene) const;
+    void drawTurning(graphics::Canvas& canvas, graphics::Size size, GlobeScene& scene) const;
 };
 
-/// The colour of the disc and of what surrounds it.
-[[nodiscard]] platform::Color globeGroundColor();
+/// The color of the disc and of what surrounds it.
+[[nodiscard]] graphics::Color globeBackgroundColor();
 
 inline constexpr std::string_view kGlobeHint = "Trascina per ruotare • Tappa per selezionare";
 
 /// How the hint and the target's label are written.
-[[nodiscard]] platform::TextStyle globeHintStyle();
-[[nodiscard]] platform::TextStyle globeLabelStyle();
+[[nodiscard]] graphics::TextStyle globeHintStyle();
+[[nodiscard]] graphics::TextStyle globeLabelStyle();
 
 /// The hint's box at the top left of the view; `textSize` is what the hint measures on the canvas
 /// that it is drawn on, in points.
-[[nodiscard]] platform::Rect globeHintBox(platform::Size textSize);
+[[nodiscard]] graphics::Rect globeHintBox(graphics::Size textSize);
 
 /// Draws the hint in its box, over the globe.
-void drawGlobeHint(platform::Canvas& canvas, platform::Size textSize);
+void drawGlobeHint(graphics::Canvas& canvas, graphics::Size textSize);
 
 }  // namespace kalvo::geo

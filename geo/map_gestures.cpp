@@ -30,7 +30,7 @@ void pinchEnded(MapGestures& gestures) {
     gestures.lastScale = 1.0;
 }
 
-void dragChanged(MapGestures& gestures, platform::Size translation) {
+void dragChanged(MapGestures& gestures, graphics::Size translation) {
     if (!gestures.isDragging &&
         std::hypot(translation.width, translation.height) < kDragThreshold) {
         return;
@@ -46,24 +46,24 @@ void dragEnded(MapGestures& gestures) {
     gestures.lastOffset = {0, 0};
 }
 
-void zoomBy(MapGestures& gestures, double factor, platform::Point anchor, platform::Size viewSize) {
-    const platform::Point kept = pictureAt(gestures, anchor, viewSize);
+void zoomBy(MapGestures& gestures, double factor, graphics::Point anchor, graphics::Size viewSize) {
+    const graphics::Point kept = viewToMap(gestures, anchor, viewSize);
     scaleBy(gestures, factor);
-    const platform::Point now = pictureAt(gestures, anchor, viewSize);
+    const graphics::Point now = viewToMap(gestures, anchor, viewSize);
     moveBy(gestures, {(now.x - kept.x) * gestures.scale, (now.y - kept.y) * gestures.scale});
 }
 
-void moveBy(MapGestures& gestures, platform::Size distance) {
+void moveBy(MapGestures& gestures, graphics::Size distance) {
     gestures.offset.width += distance.width;
     gestures.offset.height += distance.height;
 }
 
-platform::Point pictureAt(const MapGestures& gestures,
-                          platform::Point point,
-                          platform::Size viewSize) {
-    const platform::Point centre{viewSize.width / 2, viewSize.height / 2};
-    return {centre.x + (point.x - centre.x - gestures.offset.width) / gestures.scale,
-            centre.y + (point.y - centre.y - gestures.offset.height) / gestures.scale};
+graphics::Point viewToMap(const MapGestures& gestures,
+                          graphics::Point point,
+                          graphics::Size viewSize) {
+    const graphics::Point center{viewSize.width / 2, viewSize.height / 2};
+    return {center.x + (point.x - center.x - gestures.offset.width) / gestures.scale,
+            center.y + (point.y - center.y - gestures.offset.height) / gestures.scale};
 }
 
 }  // namespace kalvo::geo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/geometry.h"
+#include "graphics/geometry.h"
 
 /// Zoom and pan of a flat map. They scale and shift the finished picture and never touch its
 /// projection.
@@ -12,30 +12,30 @@ inline constexpr double kLargestMapScale = 15.0;
 struct MapGestures {
     double scale = 1.0;
     double lastScale = 1.0;  // magnification at the last change of the pinch under way
-    platform::Size offset{0, 0};
-    platform::Size lastOffset{0, 0};  // translation at the last change of the drag under way
+    graphics::Size offset{0, 0};
+    graphics::Size lastOffset{0, 0};  // translation at the last change of the drag under way
     bool isPinching = false;
     bool isDragging = false;
 
     friend bool operator==(const MapGestures&, const MapGestures&) = default;
 };
 
-/// A pinch has come to this magnification since it began; recognised from a change of 0.01.
+/// A pinch has come to this magnification since it began; recognized from a change of 0.01.
 void pinchChanged(MapGestures& gestures, double magnification);
 void pinchEnded(MapGestures& gestures);
 
-/// A drag has come this far since it began, in points; recognised from a movement of 10.
-void dragChanged(MapGestures& gestures, platform::Size translation);
+/// A drag has come this far since it began, in points; recognized from a movement of 10.
+void dragChanged(MapGestures& gestures, graphics::Size translation);
 void dragEnded(MapGestures& gestures);
 
 /// Zooms by a factor as far as the limits allow, and keeps what is at `anchor` where it is.
-void zoomBy(MapGestures& gestures, double factor, platform::Point anchor, platform::Size viewSize);
+void zoomBy(MapGestures& gestures, double factor, graphics::Point anchor, graphics::Size viewSize);
 
-void moveBy(MapGestures& gestures, platform::Size distance);
+void moveBy(MapGestures& gestures, graphics::Size distance);
 
 /// The point of the unzoomed picture that shows at a point of the view.
-[[nodiscard]] platform::Point pictureAt(const MapGestures& gestures,
-                                        platform::Point point,
-                                        platform::Size viewSize);
+[[nodiscard]] graphics::Point viewToMap(const MapGestures& gestures,
+                                        graphics::Point point,
+                                        graphics::Size viewSize);
 
 }  // namespace kalvo::geo

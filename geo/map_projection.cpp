@@ -8,7 +8,7 @@ namespace {
 
 constexpr double kMargin = 14;  // points, on every side
 
-/// About ten centimetres: nothing narrower is an outline.
+/// About ten centimeters: nothing narrower is an outline.
 constexpr double kSmallestSpan = 1e-6;  // degrees
 constexpr double kPointSpan = 0.1;      // degrees, shown round a single point
 
@@ -22,10 +22,10 @@ MapBounds widenedToSee(const MapBounds& bounds) {
 
 }  // namespace
 
-MapBounds calculateBounds(const FeatureList& features) {
+MapBounds calculateBounds(const geojson::FeatureList& features) {
     MapBounds bounds{180, -180, 90, -90};
-    for (const GeoFeature& feature : features) {
-        walk(feature.geometry.coordinates, [&](AnyCodable value) {
+    for (const geojson::GeoFeature& feature : features) {
+        geojson::traverse(feature.geometry.coordinates, [&](geojson::AnyCodable value) {
             if (!value.isPosition()) return true;
             const double lng = value[0].number();
             const double lat = value[1].number();
@@ -39,7 +39,7 @@ MapBounds calculateBounds(const FeatureList& features) {
     return bounds.minLng > bounds.maxLng ? kDefaultMapBounds : bounds;
 }
 
-MapProjection::MapProjection(const MapBounds& bounds, platform::Size viewSize) {
+MapProjection::MapProjection(const MapBounds& bounds, graphics::Size viewSize) {
     const MapBounds shown = widenedToSee(bounds);
     const double spanLng = shown.maxLng - shown.minLng;
     const double spanLat = shown.maxLat - shown.minLat;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "geo/geojson.h"
-#include "platform/geometry.h"
+#include "geojson/geojson.h"
+#include "graphics/geometry.h"
 
 namespace kalvo::geo {
 
@@ -22,17 +22,17 @@ inline constexpr MapBounds kDefaultMapBounds{6.62, 18.51, 35.49, 47.09};
 [[nodiscard]] constexpr bool isUsable(double lng, double lat) { return lng > 1.0 && lat > 1.0; }
 
 /// The box round all usable positions of the features.
-[[nodiscard]] MapBounds calculateBounds(const FeatureList& features);
+[[nodiscard]] MapBounds calculateBounds(const geojson::FeatureList& features);
 
 /// Longitude and latitude scaled alike into a view: the box fitted with a margin of 14 points and
-/// centred, north up.
+/// centerd, north up.
 class MapProjection {
  public:
-    /// A box of one point is taken for one of a few kilometres round it.
-    MapProjection(const MapBounds& bounds, platform::Size viewSize);
+    /// A box of one point is taken for one of a few kilometers round it.
+    MapProjection(const MapBounds& bounds, graphics::Size viewSize);
 
     /// Where a place in degrees lands, in points.
-    [[nodiscard]] platform::Point project(double lng, double lat) const {
+    [[nodiscard]] graphics::Point project(double lng, double lat) const {
         return {offsetX_ + (lng - minLng_) * scale_, offsetY_ + (maxLat_ - lat) * scale_};
     }
 

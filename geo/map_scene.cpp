@@ -6,14 +6,16 @@ namespace kalvo::geo {
 
 namespace {
 
-using platform::Path;
-using platform::Point;
-using platform::Polyline;
+using graphics::Path;
+using graphics::Point;
+using graphics::Polyline;
 
-void appendRing(AnyCodable ring, const MapProjection& projection, std::vector<Path>& polygons) {
+void appendRing(geojson::AnyCodable ring,
+                const MapProjection& projection,
+                std::vector<Path>& polygons) {
     Polyline outline{{}, true};
     outline.points.reserve(ring.size());
-    for (const AnyCodable member : ring) {
+    for (const geojson::AnyCodable member : ring) {
         if (!member.isPosition()) continue;
         const double lng = member[0].number();
         const double lat = member[1].number();
@@ -38,22 +40,22 @@ int windingNumber(const std::vector<Point>& outline, Point point) {
 
 }  // namespace
 
-std::vector<Path> extractPolygons(AnyCodable element, const MapProjection& projection) {
+std::vector<Path> extractPolygons(geojson::AnyCodable element, const MapProjection& projection) {
     std::vector<Path> polygons;
     if (element.empty() || !element.front().isArray()) return polygons;
-    const AnyCodable first = element.front();
+    const geojson::AnyCodable first = element.front();
     if (first.empty() || first.front().isArray()) {
-        for (const AnyCodable ring : element) appendRing(ring, projection, polygons);
+        for (const geojson::AnyCodable ring : element) appendRing(ring, projection, polygons);
     } else {
         appendRing(element, projection, polygons);
     }
     return polygons;
 }
 
-MapScene MapScene::make(const GeoMapData& map, platform::Size viewSize) {
+MapScene MapScene::make(const geojson::GeoMapData& map, graphics::Size viewSize) {
     MapScene scene{MapProjection(calculateBounds(map.features), viewSize), {}};
     for (std::size_t feature = 0; feature < map.features.size(); ++feature) {
-        for (const AnyCodable element : map.features[feature].geometry.coordinates) {
+        for (const geojson::AnyCodable element : map.features[feature].geometry.coordinates) {
             for (Path& polygon : extractPolygons(element, scene.projection)) {
                 if (polygon.polylines.front().points.size() <= 2) continue;
                 scene.outlines.push_back({feature, std::move(polygon)});

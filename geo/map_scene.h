@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
-#include "geo/geojson.h"
 #include "geo/map_projection.h"
-#include "platform/canvas.h"
+#include "geojson/geojson.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::geo {
 
@@ -17,21 +17,21 @@ struct MapScene {
     /// One filled ring. Holes stand on their own and are filled like all others.
     struct Outline {
         std::size_t feature;  // whose it is: an index into the map's features
-        platform::Path path;  // one closed polyline of more than two points
+        graphics::Path path;  // one closed polyline of more than two points
     };
 
     MapProjection projection;
     std::vector<Outline> outlines;  // in drawing order
 
-    [[nodiscard]] static MapScene make(const GeoMapData& map, platform::Size viewSize);
+    [[nodiscard]] static MapScene make(const geojson::GeoMapData& map, graphics::Size viewSize);
 
     /// The feature drawn topmost at a point of the view, if any.
-    [[nodiscard]] std::optional<std::size_t> featureAt(platform::Point point) const;
+    [[nodiscard]] std::optional<std::size_t> featureAt(graphics::Point point) const;
 };
 
 /// The polygons of one element of a geometry's coordinates, projected: each is one ring, with at
 /// least one point. Unusable positions are left out.
-[[nodiscard]] std::vector<platform::Path> extractPolygons(AnyCodable element,
+[[nodiscard]] std::vector<graphics::Path> extractPolygons(geojson::AnyCodable element,
                                                           const MapProjection& projection);
 
 }  // namespace kalvo::geo

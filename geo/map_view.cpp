@@ -4,17 +4,17 @@
 
 #include <fmt/format.h>
 
+#include "base/text.h"
 #include "engine/calculation_engine.h"
-#include "geo/place_text.h"
-#include "platform/text.h"
+#include "geo/coordinate_text.h"
 
 namespace kalvo::geo {
 
 namespace {
 
-using platform::Canvas;
-using platform::Color;
-using platform::Size;
+using graphics::Canvas;
+using graphics::Color;
+using graphics::Size;
 
 /// How the outlines of a feature are painted.
 struct FeatureStyle {
@@ -31,26 +31,26 @@ const FeatureStyle kNormalProvince{Color::hex("#e8eff2"), Color::hex("#cbd6db"),
 const Color kWindProvinceStroke = Color::hex("#9cb1bb");
 
 constexpr std::string_view kWaitingText = "Caricamento mappa in corso...";
-constexpr platform::TextStyle kWaitingStyle{13, false, platform::kGray};
+constexpr graphics::TextStyle kWaitingStyle{13, false, graphics::kGray};
 
 constexpr double kTargetRadius = 7;       // points
 constexpr double kTargetRimWidth = 1.5;   // points
 constexpr double kTargetHeartRadius = 3;  // points
 
-std::string_view text(const GeoFeature& feature, std::string_view key) {
+std::string_view text(const geojson::GeoFeature& feature, std::string_view key) {
     const std::string* value = feature.property(key);
     return value ? std::string_view(*value) : std::string_view();
 }
 
-std::string_view regionName(const GeoFeature& feature) {
+std::string_view regionName(const geojson::GeoFeature& feature) {
     return text(feature, feature.property("regione") ? "regione" : "provincia");
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return platform::lowercased(a) == platform::lowercased(b);
+    return base::lowercased(a) == base::lowercased(b);
 }
 
-bool isHighlighted(const MapView& view, const GeoFeature& feature) {
+bool isHighlighted(const MapView& view, const geojson::GeoFeature& feature) {
     if (view.mapType == MapType::kRegion && view.selectedRegion) {
         return equalIgnoringCase(regionName(feature), *view.selectedRegion);
     }
@@ -59,13 +59,13 @@ bool isHighlighted(const MapView& view, const GeoFeature& feature) {
 }
 
 /// The wind yield of a province in kWh per year, if its code has one.
-std::optional<double> windYield(const MapView& view, const GeoFeature& feature) {
-    const auto found = view.provinceWindMap.find(platform::uppercased(text(feature, "sigla")));
+std::optional<double> windYield(const MapView& view, const geojson::GeoFeature& feature) {
+    const auto found = view.provinceWindMap.find(base::uppercased(text(feature, "sigla")));
     if (found == view.provinceWindMap.end()) return std::nullopt;
     return found->second;
 }
 
-FeatureStyle styleOf(const MapView& view, const GeoFeature& feature) {
+FeatureStyle styleOf(const MapView& view, const geojson::GeoFeature& feature) {
     switch (view.mapType) {
         case MapType::kRegion:
             return isHighlighted(view, feature) ? kHighlightedRegion : kNormalRegion;
@@ -89,36 +89,36 @@ void drawFeatures(const MapView& view, Canvas& canvas, const MapScene& scene) {
     }
 }
 
-void drawTarget(Canvas& canvas, platform::Point centre) {
-    canvas.fillCircle(centre, kTargetRadius, platform::kRed);
-    canvas.strokeCircle(centre, kTargetRadius, {platform::kWhite, kTargetRimWidth});
-    canvas.fillCircle(centre, kTargetHeartRadius, platform::kWhite);
+void drawTarget(Canvas& canvas, graphics::Point center) {
+    canvas.fillCircle(center, kTargetRadius, graphics::kRed);
+    canvas.strokeCircle(center, kTargetRadius, {graphics::kWhite, kTargetRimWidth});
+    canvas.fillCircle(center, kTargetHeartRadius, graphics::kWhite);
 }
 
 }  // namespace
 
 void MapView::draw(Canvas& canvas, Size size) const {
-    draw(canvas, size, MapScene::make(geoData.value_or(GeoMapData{}), size));
+    draw(canvas, size, MapScene::make(geoData.value_or(geojson::GeoMapData{}), size));
 }
 
 void MapView::draw(Canvas& canvas, Size size, const MapScene& scene) const {
     canvas.fillRect({0, 0, size.width, size.height}, kBackground);
-    const platform::Point centre{size.width / 2, size.height / 2};
+    const graphics::Point center{size.width / 2, size.height / 2};
     if (!geoData) {
-        canvas.drawText(kWaitingText, centre, kWaitingStyle);
+        canvas.drawText(kWaitingText, center, kWaitingStyle);
         return;
     }
     canvas.save();
-    canvas.translate(centre.x + gestures.offset.width, centre.y + gestures.offset.height);
+    canvas.translate(center.x + gestures.offset.width, center.y + gestures.offset.height);
     canvas.scale(gestures.scale);
-    canvas.translate(-centre.x, -centre.y);
+    canvas.translate(-center.x, -center.y);
     drawFeatures(*this, canvas, scene);
     if (targetLat && targetLon)
         drawTarget(canvas, scene.projection.project(*targetLon, *targetLat));
     canvas.restore();
 }
 
-std::string MapView::hoverText(const GeoFeature& feature) const {
+std::string MapView::hoverText(const geojson::GeoFeature& feature) const {
     if (mapType == MapType::kRegion) return std::string(regionName(feature));
     std::string name(text(feature, "provincia"));
     if (const std::string_view code = text(feature, "sigla"); !code.empty()) {
@@ -136,13 +136,13 @@ std::string MapView::summary() const {
     const std::string_view kind = mapType == MapType::kRegion ? "Regioni" : "Province";
     std::string text = fmt::format("{}: {}.", kind, geoData->features.size());
     if (targetLat && targetLon)
-        text += fmt::format(" Luogo segnato: {}.", placeText(*targetLat, *targetLon));
+        text += fmt::format(" Luogo segnato: {}.", coordinateText(*targetLat, *targetLon));
     return text;
 }
 
-platform::Color mapGroundColor() { return kBackground; }
+graphics::Color mapBackgroundColor() { return kBackground; }
 
-bool showTheSame(const MapView& a, const MapView& b) {
+bool sameContent(const MapView& a, const MapView& b) {
     return a.mapType == b.mapType && a.geoData == b.geoData &&
            a.selectedRegion == b.selectedRegion && a.selectedProvince == b.selectedProvince &&
            a.provinceWindMap == b.provinceWindMap && a.targetLat == b.targetLat &&

@@ -5,22 +5,22 @@
 #include <string>
 #include <unordered_map>
 
-#include "geo/geojson.h"
 #include "geo/map_gestures.h"
 #include "geo/map_scene.h"
-#include "platform/canvas.h"
+#include "geojson/geojson.h"
+#include "graphics/canvas.h"
 
 namespace kalvo::geo {
 
 /// What a map shows: the regions or the provinces of a country with the selected one highlighted,
-/// or the provinces coloured by their wind yield.
+/// or the provinces colored by their wind yield.
 enum class MapType { kRegion, kProvince, kWind };
 
 /// A flat map of a country with its zoom and pan. Names and codes are compared without regard to
 /// letter case.
 struct MapView {
     MapType mapType;
-    std::optional<GeoMapData> geoData;  // nothing while it is not loaded
+    std::optional<geojson::GeoMapData> geoData;  // nothing while it is not loaded
     std::optional<std::string> selectedRegion;
     std::optional<std::string> selectedProvince;  // a province code
     /// Province code in upper case to its yield in kWh per year; for the wind map.
@@ -33,22 +33,22 @@ struct MapView {
     MapGestures gestures{};
 
     /// Fills the whole area, and draws the map on it with zoom and pan applied.
-    void draw(platform::Canvas& canvas, platform::Size size) const;
+    void draw(graphics::Canvas& canvas, graphics::Size size) const;
     /// The same with the outlines laid out before: `scene` is made of `geoData` for this size.
-    void draw(platform::Canvas& canvas, platform::Size size, const MapScene& scene) const;
+    void draw(graphics::Canvas& canvas, graphics::Size size, const MapScene& scene) const;
 
     /// What is to be told of a feature under the pointer: its name, and on the wind map its yield
     /// on a second line. Empty when it has no name.
-    [[nodiscard]] std::string hoverText(const GeoFeature& feature) const;
+    [[nodiscard]] std::string hoverText(const geojson::GeoFeature& feature) const;
 
     /// In a sentence or two, what the picture shows to those who cannot see it.
     [[nodiscard]] std::string summary() const;
 };
 
-/// The colour of the paper that a map is drawn on.
-[[nodiscard]] platform::Color mapGroundColor();
+/// The color of the paper that a map is drawn on.
+[[nodiscard]] graphics::Color mapBackgroundColor();
 
 /// Whether two maps show the same apart from zoom and pan.
-[[nodiscard]] bool showTheSame(const MapView& a, const MapView& b);
+[[nodiscard]] bool sameContent(const MapView& a, const MapView& b);
 
 }  // namespace kalvo::geo

@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/numbers.h"
+#include "base/text.h"
 #include "engine/calculation_engine.h"
 #include "engine/wind_range.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
 
 namespace kalvo::online {
 
@@ -40,12 +40,12 @@ std::vector<object> seriesOf(const JsonDocument& json) {
 }
 
 std::string lowercasedName(object series) {
-    return platform::lowercased(textMember(series, "name").value_or(""));
+    return base::lowercased(textMember(series, "name").value_or(""));
 }
 
 std::optional<double> readValue(simdjson::dom::element value) {
     std::string_view text;
-    if (!value.get(text)) return platform::parseDouble(text);
+    if (!value.get(text)) return base::parseDouble(text);
     double number = 0;
     if (!value.get(number)) return number;
     return std::nullopt;

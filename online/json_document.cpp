@@ -54,7 +54,7 @@ std::string withLongIntegersAsDoubles(std::string_view json) {
 
 }  // namespace
 
-platform::Result<JsonDocument> JsonDocument::parse(std::string_view body) {
+base::Result<JsonDocument> JsonDocument::parse(std::string_view body) {
     if (body.starts_with(kByteOrderMark)) body.remove_prefix(kByteOrderMark.size());
     auto parser = std::make_unique<simdjson::dom::parser>();
     element top;
@@ -64,11 +64,11 @@ platform::Result<JsonDocument> JsonDocument::parse(std::string_view body) {
     }
     if (!error && !top.is_object() && !top.is_array()) error = simdjson::INCORRECT_TYPE;
     if (error) {
-        return platform::Failure(
+        return base::Failure(
             {"JSON", error,
              std::string("The answer cannot be read as JSON: ") + simdjson::error_message(error)});
     }
-    if (top.is_array()) return platform::Failure({"InvalidJSON", 500, ""});
+    if (top.is_array()) return base::Failure({"InvalidJSON", 500, ""});
     return JsonDocument(std::move(parser), top.get_object().value_unsafe());
 }
 

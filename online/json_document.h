@@ -8,7 +8,7 @@
 
 #include <simdjson.h>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace kalvo::online {
 
@@ -18,7 +18,7 @@ class JsonDocument {
  public:
     /// Fails with the domain "JSON" for what is no JSON object or array (nesting beyond 1,024
     /// levels included), and with "InvalidJSON", 500 for an array.
-    [[nodiscard]] static platform::Result<JsonDocument> parse(std::string_view body);
+    [[nodiscard]] static base::Result<JsonDocument> parse(std::string_view body);
 
     [[nodiscard]] simdjson::dom::object root() const { return root_; }
 

@@ -3,21 +3,21 @@
 #include <string_view>
 #include <utility>
 
+#include "base/numbers.h"
+#include "base/text.h"
+#include "net/url.h"
 #include "online/chart_decoders.h"
 #include "online/climate_page.h"
 #include "online/json_document.h"
 #include "online/place_name_decoder.h"
 #include "online/search_decoder.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
-#include "platform/url.h"
 
 namespace kalvo::online {
 
-using platform::Failure;
-using platform::HttpRequest;
-using platform::Result;
-using platform::Task;
+using base::Failure;
+using base::Result;
+using base::Task;
+using net::HttpRequest;
 using std::chrono_literals::operator""s;
 
 namespace {
@@ -34,23 +34,23 @@ constexpr std::chrono::seconds kGeocodingTimeout = 4s;
 
 /// A failure that its domain and code say all about.
 Failure failure(std::string domain, int code) {
-    return Failure(platform::Error{std::move(domain), code, {}});
+    return Failure(base::Error{std::move(domain), code, {}});
 }
 
 }  // namespace
 
-MeteoblueScraper::MeteoblueScraper(platform::HttpSession& session,
+MeteoblueScraper::MeteoblueScraper(net::HttpSession& session,
                                    ServiceOrigins origins,
-                                   platform::Diagnostics& diagnostics)
+                                   base::Diagnostics& diagnostics)
     : session_(session), origins_(std::move(origins)), diagnostics_(diagnostics) {}
 
 Task<Result<std::vector<MeteoblueSearchResult>>> MeteoblueScraper::searchLocations(
     std::string query, std::optional<double> clickLat, std::optional<double> clickLon) {
     std::vector<MeteoblueSearchResult> results;
-    const std::optional<std::string> encoded = platform::percentEncodedQuery(query);
+    const std::optional<std::string> encoded = net::percentEncodedQuery(query);
     if (!encoded) co_return results;
     std::string url = origins_.meteoblue + "/en/server/search/query3?query=" + *encoded;
-    if (!platform::isValidUrl(url)) co_return results;
+    if (!net::isValidUrl(url)) co_return results;
 
     HttpRequest request = siteRequest(std::move(url), kSearchTimeout);
     Result<std::string> body = co_await session_.get(std::move(request));
@@ -63,12 +63,12 @@ Task<Result<std::vector<MeteoblueSearchResult>>> MeteoblueScraper::searchLocatio
 
 Task<Result<ClimateData>> MeteoblueScraper::fetchClimateData(std::string slug) {
     std::string url = origins_.meteoblue + "/en/weather/forecast/modelclimate/" + slug;
-    if (!platform::isValidUrl(url)) co_return failure("InvalidURL", 400);
+    if (!net::isValidUrl(url)) co_return failure("InvalidURL", 400);
 
     HttpRequest request = siteRequest(std::move(url), kPageTimeout);
     Result<std::string> page = co_await session_.get(std::move(request));
     if (!page) co_return Failure(std::move(page.error()));
-    if (!platform::isValidUtf8(*page)) co_return failure("InvalidData", 404);
+    if (!base::isValidUtf8(*page)) co_return failure("InvalidData", 404);
 
     std::optional<ChartAddresses> charts = findChartAddresses(*page);
     if (!charts) co_return failure("EndpointsNotFound", 404);
@@ -96,10 +96,10 @@ Task<Result<ClimateData>> MeteoblueScraper::fetchClimateData(std::string slug) {
 Task<std::string> MeteoblueScraper::reverseGeocode(double lat,
                                                    double lon,
                                                    std::string countryName) {
-    std::string url = origins_.nominatim + "/reverse?lat=" + platform::shortestDecimal(lat) +
-                      "&lon=" + platform::shortestDecimal(lon) +
+    std::string url = origins_.nominatim + "/reverse?lat=" + base::shortestDecimal(lat) +
+                      "&lon=" + base::shortestDecimal(lon) +
                       "&format=json&accept-language=it&zoom=10";
-    if (!platform::isValidUrl(url)) co_return countryName;
+    if (!net::isValidUrl(url)) co_return countryName;
 
     HttpRequest request{.url = std::move(url),
                         .headers = {{"User-Agent", std::string(kGeocodingUserAgent)}},
@@ -113,7 +113,7 @@ Task<std::string> MeteoblueScraper::reverseGeocode(double lat,
 }
 
 Task<Result<JsonDocument>> MeteoblueScraper::fetchJSON(std::string urlString) {
-    if (!platform::isValidUrl(urlString)) co_return failure("InvalidURL", 400);
+    if (!net::isValidUrl(urlString)) co_return failure("InvalidURL", 400);
     HttpRequest request = siteRequest(std::move(urlString), kDefaultTimeout);
     Result<std::string> body = co_await session_.get(std::move(request));
     if (!body) co_return Failure(std::move(body.error()));

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "base/diagnostics.h"
 #include "engine/climate_data.h"
+#include "net/http_session.h"
 #include "online/meteoblue_search_result.h"
 #include "online/service_origins.h"
-#include "platform/diagnostics.h"
-#include "platform/http_session.h"
 
 namespace kalvo::online {
 
@@ -30,9 +30,9 @@ struct ClimateData {
 class MeteoblueScraper {
  public:
     /// The session and the diagnostics outlive the scraper, the scraper its calls.
-    MeteoblueScraper(platform::HttpSession& session,
+    MeteoblueScraper(net::HttpSession& session,
                      ServiceOrigins origins,
-                     platform::Diagnostics& diagnostics);
+                     base::Diagnostics& diagnostics);
 
     /// The application's own instance, on the public services and Qt's HTTP.
     [[nodiscard]] static MeteoblueScraper& shared();
@@ -40,35 +40,32 @@ class MeteoblueScraper {
     /// Places that match the text, in the site's order, or by distance from the click point
     /// (degrees) when both of its coordinates are given. An answer that cannot be read gives
     /// none; only a failed transport is a failure.
-    [[nodiscard]] platform::Task<platform::Result<std::vector<MeteoblueSearchResult>>>
-    searchLocations(std::string query,
-                    std::optional<double> clickLat,
-                    std::optional<double> clickLon);
+    [[nodiscard]] base::Task<base::Result<std::vector<MeteoblueSearchResult>>> searchLocations(
+        std::string query, std::optional<double> clickLat, std::optional<double> clickLon);
 
     /// The climate of the place whose search result has this slug: the page, then its wind speeds,
     /// wind rose and cloud charts, one after another. Fails with "InvalidURL", 400 for a slug that
     /// an address cannot hold, "InvalidData", 404 for a page that is not UTF-8,
     /// "EndpointsNotFound", 404 for one without its wind charts, and as `fetchJSON` does for the
     /// wind charts.
-    [[nodiscard]] platform::Task<platform::Result<ClimateData>> fetchClimateData(std::string slug);
+    [[nodiscard]] base::Task<base::Result<ClimateData>> fetchClimateData(std::string slug);
 
     /// An Italian name for a point (degrees), or `countryName` when there is none to be had. A
     /// failed transport leaves a diagnostic line.
-    [[nodiscard]] platform::Task<std::string> reverseGeocode(double lat,
-                                                             double lon,
-                                                             std::string countryName);
+    [[nodiscard]] base::Task<std::string> reverseGeocode(double lat,
+                                                         double lon,
+                                                         std::string countryName);
 
     /// The JSON object at an address of the site; for this room. Fails with "InvalidURL", 400 for
     /// what is no address and "InvalidJSON", 500 for JSON that is no object.
-    [[nodiscard]] platform::Task<platform::Result<JsonDocument>> fetchJSON(std::string urlString);
+    [[nodiscard]] base::Task<base::Result<JsonDocument>> fetchJSON(std::string urlString);
 
  private:
-    [[nodiscard]] platform::HttpRequest siteRequest(std::string url,
-                                                    std::chrono::seconds timeout) const;
+    [[nodiscard]] net::HttpRequest siteRequest(std::string url, std::chrono::seconds timeout) const;
 
-    platform::HttpSession& session_;
+    net::HttpSession& session_;
     ServiceOrigins origins_;
-    platform::Diagnostics& diagnostics_;
+    base::Diagnostics& diagnostics_;
 };
 
 }  // namespace kalvo::online

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "base/numbers.h"
 #include "online/json_document.h"
-#include "platform/numbers.h"
 
 namespace kalvo::online {
 
@@ -25,9 +25,8 @@ std::optional<MeteoblueSearchResult> decodePlace(simdjson::dom::object place) {
                                  .slug = std::string(*slug),
                                  .iso2 = std::string(textMember(place, "iso2").value_or("")),
                                  .label = {}};
-    result.label = result.name + " (" + result.country +
-                   ") [lat: " + platform::shortestDecimal(*lat) +
-                   ", lon: " + platform::shortestDecimal(*lon) + "]";
+    result.label = result.name + " (" + result.country + ") [lat: " + base::shortestDecimal(*lat) +
+                   ", lon: " + base::shortestDecimal(*lon) + "]";
     return result;
 }
 

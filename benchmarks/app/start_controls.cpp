@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 
 #include "benchmarks/app/first_frame.h"
-#include "widgets/next_frame.h"
+#include "ui/after_paint.h"
 
 namespace {
 
@@ -73,7 +73,7 @@ int main(int argc, char** argv) {
     auto* menus = new QMenuBar;
     for (const char* title : {"Uno", "Due", "Tre"}) menus->addMenu(QString::fromUtf8(title));
     columns->setMenuBar(menus);
-    kalvo::widgets::afterNextFrame(window, kalvo::benchmarks::endAtFirstFrame);
+    kalvo::ui::afterNextPaint(window, kalvo::benchmarks::endAtFirstFrame);
     window.show();
     return QApplication::exec();
 }

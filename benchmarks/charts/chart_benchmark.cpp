@@ -8,8 +8,8 @@
 #include "charts/wind_chart_view.h"
 #include "charts/wind_rose_chart_view.h"
 #include "engine/calculation_engine.h"
-#include "platform/qt/qt_canvas.h"
-#include "platform/recording_canvas.h"
+#include "graphics/qt/qt_canvas.h"
+#include "tests/support/recording_canvas.h"
 
 // What a frame of each chart costs, as commands and as pixels, with ordinary values and with
 // values as they may come from the web.
@@ -22,7 +22,7 @@ using charts::WindChartView;
 using charts::WindRoseChartView;
 using engine::CalculationEngine;
 
-constexpr platform::Size kSize{480, 200};
+constexpr graphics::Size kSize{480, 200};
 
 /// The charts of a place, or the same with one value far out of the plot.
 template <class View>
@@ -63,7 +63,7 @@ QImage paper() {
 template <class View>
 void recorded(benchmark::State& state) {
     const View view = chartOf<View>(false);
-    platform::RecordingCanvas canvas;
+    tests::RecordingCanvas canvas;
     for ([[maybe_unused]] auto _ : state) {
         canvas.commands.clear();
         view.draw(canvas, kSize);
@@ -77,7 +77,7 @@ void painted(benchmark::State& state) {
     QImage image = paper();
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
-        platform::QtCanvas canvas(painter, kSize);
+        graphics::QtCanvas canvas(painter, kSize);
         view.draw(canvas, kSize);
         painter.end();
         benchmark::DoNotOptimize(image.constBits());

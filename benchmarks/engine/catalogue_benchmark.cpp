@@ -11,8 +11,8 @@
 #include <QString>
 #include <QTextStream>
 
+#include "base/numbers.h"
 #include "engine/location_parser.h"
-#include "platform/numbers.h"
 
 /// The catalogue that ships, loaded by the application and by what else one might have taken.
 /// bytes_per_second counts the bytes of the file.
@@ -28,15 +28,15 @@ std::int64_t fileSize() { return static_cast<std::int64_t>(std::filesystem::file
 
 void readFileAlone(benchmark::State& state) {
     for ([[maybe_unused]] const auto iteration : state) {
-        benchmark::DoNotOptimize(kalvo::platform::readFile(kFile));
+        benchmark::DoNotOptimize(kalvo::base::readFile(kFile));
     }
     state.SetBytesProcessed(state.iterations() * fileSize());
 }
 BENCHMARK(readFileAlone)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 void loadLocations(benchmark::State& state) {
-    const kalvo::platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
-    kalvo::engine::LocationParser parser(bundle, kalvo::platform::Diagnostics::standardOutput());
+    const kalvo::base::Bundle bundle(KALVO_SOURCE_DIR "/resources");
+    kalvo::engine::LocationParser parser(bundle, kalvo::base::Diagnostics::standardOutput());
     for ([[maybe_unused]] const auto iteration : state) {
         const Catalogue catalogue = parser.loadLocations();
         if (catalogue.size() != 7906) state.SkipWithError("not the whole catalogue");

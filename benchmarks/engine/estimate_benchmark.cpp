@@ -7,10 +7,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "base/text.h"
 #include "engine/calculation_engine.h"
 #include "engine/location_parser.h"
 #include "engine/wind_scale.h"
-#include "platform/text.h"
 
 /// The whole country estimated: for each of the 7,906 places the wind of every month, the rose,
 /// the sky, and the yearly energy of three turbines and three photovoltaic plants.
@@ -24,9 +24,9 @@ using kalvo::engine::SolarData;
 using kalvo::engine::WindDistribution;
 
 const Catalogue& country() {
-    static const kalvo::platform::Bundle bundle(KALVO_SOURCE_DIR "/resources");
+    static const kalvo::base::Bundle bundle(KALVO_SOURCE_DIR "/resources");
     static const Catalogue catalogue =
-        kalvo::engine::LocationParser(bundle, kalvo::platform::Diagnostics::standardOutput())
+        kalvo::engine::LocationParser(bundle, kalvo::base::Diagnostics::standardOutput())
             .loadLocations();
     return catalogue;
 }
@@ -91,7 +91,7 @@ Distribution distribution(const Location& place, double mean) {
 }
 
 std::map<int, std::vector<int>> rose(const Location& place, double mean) {
-    const std::string region = kalvo::platform::lowercased(place.region);
+    const std::string region = kalvo::base::lowercased(place.region);
     int first = 6;
     int second = 14;
     if (region.find("sardegna") != std::string::npos) first = 12;

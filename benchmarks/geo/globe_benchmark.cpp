@@ -7,9 +7,9 @@
 #include <benchmark/benchmark.h>
 
 #include "geo/globe_scene.h"
-#include "geo/globe_widget.h"
-#include "platform/qt/qt_canvas.h"
-#include "tests/geo/plain_globe.h"
+#include "geo/qt/globe_widget.h"
+#include "graphics/qt/qt_canvas.h"
+#include "tests/geo/reference_globe.h"
 
 /// A frame of the globe as large as on the main screen, and its two shares, each beside the
 /// straightforward way of doing it.
@@ -17,7 +17,7 @@ namespace {
 
 using namespace kalvo;
 
-constexpr platform::Size kView{double(geo::plain::kViewSize.width()),
+constexpr graphics::Size kView{double(geo::plain::kViewSize.width()),
                                double(geo::plain::kViewSize.height())};
 constexpr double kTurn = 0.004;  // radians from frame to frame
 
@@ -80,7 +80,7 @@ void frame(benchmark::State& state) {
 BENCHMARK(frame)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 
 /// The outlines as one frame projects them.
-platform::LineBatch projectedOutlines() {
+graphics::LineBatch projectedOutlines() {
     geo::GlobeScene scene = geo::GlobeScene::make(geo::plain::countries());
     scene.outlines.project({0.35, 0.2, kView}, scene.projected);
     return scene.projected;
@@ -88,12 +88,12 @@ platform::LineBatch projectedOutlines() {
 
 void strokeOutlines(benchmark::State& state) {
     QImage image = paper(state);
-    const platform::LineBatch lines = projectedOutlines();
-    platform::ThinLines thinLines;
+    const graphics::LineBatch lines = projectedOutlines();
+    graphics::ThinLineRenderer thinLineRenderer;
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
-        platform::QtCanvas canvas(painter, kView, &thinLines);
-        canvas.strokeLines(lines, platform::Color::hex("#2ebd5e"), 1.2);
+        graphics::QtCanvas canvas(painter, kView, &thinLineRenderer);
+        canvas.strokeLines(lines, graphics::Color::hex("#2ebd5e"), 1.2);
     }
     state.counters["points"] = static_cast<double>(lines.points.size());
 }
@@ -102,7 +102,7 @@ BENCHMARK(strokeOutlines)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 /// The painter's fastest way, which leaves corners open.
 void strokeOutlinesByDrawLines(benchmark::State& state) {
     QImage image = paper(state);
-    const platform::LineBatch lines = projectedOutlines();
+    const graphics::LineBatch lines = projectedOutlines();
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -112,8 +112,8 @@ void strokeOutlinesByDrawLines(benchmark::State& state) {
             const std::size_t end =
                 i + 1 < lines.starts.size() ? lines.starts[i + 1] : lines.points.size();
             for (std::size_t j = lines.starts[i] + 1; j < end; ++j) {
-                const platform::Point from = lines.points[j - 1];
-                const platform::Point to = lines.points[j];
+                const graphics::Point from = lines.points[j - 1];
+                const graphics::Point to = lines.points[j];
                 segments.emplace_back(from.x, from.y, to.x, to.y);
             }
         }

@@ -7,9 +7,9 @@
 #include <QPainter>
 #include <QTest>
 
-#include "geo/map_widget.h"
-#include "platform/bundle.h"
-#include "platform/qt/qt_canvas.h"
+#include "base/bundle.h"
+#include "geo/qt/map_widget.h"
+#include "graphics/qt/qt_canvas.h"
 
 /// A frame of the wind map of the 107 provinces in a view of 900 x 600 points, at one and at two
 /// pixels a point: drawn from the coordinates on, from the outlines laid out before, and as the
@@ -18,12 +18,12 @@ namespace {
 
 using namespace kalvo;
 
-constexpr platform::Size kView{900, 600};
+constexpr graphics::Size kView{900, 600};
 
 geo::MapView provinces() {
-    static const geo::GeoMapData map =
-        *platform::readFile(KALVO_SOURCE_DIR "/resources/province.json")
-             .and_then(geo::decodeGeoJSON);
+    static const geojson::GeoMapData map =
+        *base::readFile(KALVO_SOURCE_DIR "/resources/province.json")
+             .and_then(geojson::decodeGeoJSON);
     geo::MapView view{.mapType = geo::MapType::kWind,
                       .geoData = map,
                       .selectedRegion = {},
@@ -33,7 +33,7 @@ geo::MapView provinces() {
                       .targetLon = 12.5,
                       .onSelectLocation = {}};
     double yield = 1800;
-    for (const geo::GeoFeature& feature : map.features) {
+    for (const geojson::GeoFeature& feature : map.features) {
         view.provinceWindMap[*feature.property("sigla")] = yield += 40;
     }
     return view;
@@ -51,7 +51,7 @@ void rebuilt(benchmark::State& state) {
     QImage image = surface(state);
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
-        platform::QtCanvas canvas(painter, kView);
+        graphics::QtCanvas canvas(painter, kView);
         view.draw(canvas, kView);
     }
 }
@@ -64,7 +64,7 @@ void laidOut(benchmark::State& state) {
     QImage image = surface(state);
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
-        platform::QtCanvas canvas(painter, kView);
+        graphics::QtCanvas canvas(painter, kView);
         view.draw(canvas, kView, scene);
     }
 }

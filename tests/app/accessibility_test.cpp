@@ -19,10 +19,10 @@ bool isInteractive(const QAccessibleInterface& face) {
 
 /// Calls `visit` for an element and all below it that can be seen.
 template <class Visit>
-void walk(QAccessibleInterface* face, Visit visit) {
+void traverse(QAccessibleInterface* face, Visit visit) {
     if (face == nullptr || face->state().invisible) return;
     visit(*face);
-    for (int child = 0; child < face->childCount(); ++child) walk(face->child(child), visit);
+    for (int child = 0; child < face->childCount(); ++child) traverse(face->child(child), visit);
 }
 
 TEST_F(ScreenTest, EveryInteractiveElementHasAName) {
@@ -30,7 +30,7 @@ TEST_F(ScreenTest, EveryInteractiveElementHasAName) {
         state().selectedCountry = country;
         screen().redraw();
         int interactive = 0;
-        walk(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
+        traverse(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
             if (!isInteractive(face)) return;
             ++interactive;
             EXPECT_FALSE(nameOf(face).trimmed().isEmpty())
@@ -86,7 +86,7 @@ TEST_F(ScreenTest, ResultsAreReadAsTheirText) {
     state().selectedCountry = "Italia";
     screen().redraw();
     QStringList read;
-    walk(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
+    traverse(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
         if (face.role() == QAccessible::StaticText) read << face.text(QAccessible::Name);
     });
     for (const std::string& result :

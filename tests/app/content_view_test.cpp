@@ -164,7 +164,7 @@ TEST_F(ContentViewTest, WritesTheFourTexts) {
     choose("Italia");
     state.quantityString = "3";
     select("Roma (RM)");
-    // Yield 3200: 1992 kWh for 1 kW, 3984 for 2 kW; sky of the centre: 1289, 2579, 3868 a plant.
+    // Yield 3200: 1992 kWh for 1 kW, 3984 for 2 kW; sky of the center: 1289, 2579, 3868 a plant.
     EXPECT_EQ(state.detailsText,
               "Lazio - produzione singola turbina 2 kW: 3.984 kWh/anno (Stime Centraline)");
     EXPECT_EQ(state.resultText,
@@ -177,7 +177,7 @@ TEST_F(ContentViewTest, WritesTheFourTexts) {
               "Produzione Solare Lorda: 7.737 kWh/anno\nCoefficiente di Correzione: 70%\n"
               "Produzione Solare Attesa: 5.416 kWh/anno");
     state.copyResult();
-    EXPECT_EQ(pasteboard.contents, state.detailsText + "\n\n" + state.resultText);
+    EXPECT_EQ(clipboard.contents, state.detailsText + "\n\n" + state.resultText);
 }
 
 TEST_F(ContentViewTest, ReadsTheQuantityAsAWholeNumber) {

@@ -1,4 +1,4 @@
-#include "app/detail_column.h"
+#include "app/qt/detail_column.h"
 
 #include <gmock/gmock.h>
 

@@ -1,11 +1,11 @@
-#include "app/kalvo_tresk_app.h"
+#include "app/qt/kalvo_tresk_app.h"
 
 #include <gmock/gmock.h>
 #include <QLineEdit>
 #include <QMenuBar>
 
-#include "app/about_panel.h"
-#include "app/application_icon.h"
+#include "app/qt/about_panel.h"
+#include "app/qt/application_icon.h"
 #include "tests/app/screen_fixture.h"
 #include "tests/support/temporary_folder.h"
 
@@ -40,12 +40,12 @@ TEST_F(ApplicationTest, HasThreeMenus) {
                 ElementsAre("Mappa Regioni", "Mappa Province", "Mappa del Vento"));
     EXPECT_THAT(itemsOf(*menuOf(*window, 2)), testing::SizeIs(1));
     menuOf(*window, 2)->actions().first()->trigger();
-    EXPECT_THAT(workspace.opened, ElementsAre("https://www.kalvo.example"));
+    EXPECT_THAT(urlOpener.opened, ElementsAre("https://www.kalvo.example"));
 }
 
 TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
     std::vector<std::string> posted;
-    std::vector<platform::NotificationCenter::Observation> observations;
+    std::vector<base::NotificationCenter::Observation> observations;
     for (const char* name : {"SelectTab0", "SelectTab1", "SelectTab2"}) {
         observations.push_back(
             notifications.observe(name, [&posted, name] { posted.emplace_back(name); }));
@@ -105,7 +105,7 @@ TEST_F(ApplicationTest, ControlFSearchesAndTheAboutPanelNamesThreeCredits) {
 TEST(ApplicationIconTest, IsTheRoundedLogoElseTheIconFileElseNothing) {
     using namespace std::string_literals;
     tests::TemporaryFolder folder;
-    const platform::Bundle bundle(folder.path());
+    const base::Bundle bundle(folder.path());
     EXPECT_TRUE(loadApplicationIcon(bundle).isNull());
     for (const std::string& broken :
          {""s, "icns"s, "icns\0\0\0\x08"s, "icns\0\0\0\x20ic07\0\0\0\x00"s,
@@ -115,8 +115,8 @@ TEST(ApplicationIconTest, IsTheRoundedLogoElseTheIconFileElseNothing) {
         EXPECT_TRUE(loadApplicationIcon(bundle).isNull());
     }
     for (const auto& [name, width] : {std::pair{"AppIcon.icns", 512}, {"logo_rounded.png", 256}}) {
-        folder.write(
-            name, platform::readFile(KALVO_SOURCE_DIR "/resources/" + std::string(name)).value());
+        folder.write(name,
+                     base::readFile(KALVO_SOURCE_DIR "/resources/" + std::string(name)).value());
         EXPECT_EQ(loadApplicationIcon(bundle).width(), width);
     }
     folder.write("logo_rounded.png", "no picture");

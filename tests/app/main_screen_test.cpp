@@ -1,4 +1,4 @@
-#include "app/main_screen.h"
+#include "app/qt/main_screen.h"
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@
 
 #include "tests/app/screen_fixture.h"
 #include "tests/support/pictures.h"
-#include "widgets/image_view.h"
+#include "ui/image_view.h"
 
 namespace kalvo::app {
 namespace {
@@ -35,7 +35,7 @@ bool shows(const QWidget& window, QString wanted) {
 /// How many flags can be seen.
 int flagsIn(const QWidget& window) {
     int visible = 0;
-    for (const auto* image : window.findChildren<widgets::ImageView*>()) {
+    for (const auto* image : window.findChildren<ui::ImageView*>()) {
         visible += image->isVisible() && image->size() == QSize(24, 16);
     }
     return visible;
@@ -103,7 +103,7 @@ TEST_F(ScreenTest, TheTurbineSizeAndEveryKeystrokeOfTheQuantityCalculate) {
     click("3 kW");
     EXPECT_THAT(state().detailsText, HasSubstr("singola turbina 3 kW"));
     click("Copia Risultato");
-    EXPECT_EQ(pasteboard.contents, state().detailsText + "\n\n" + state().resultText);
+    EXPECT_EQ(clipboard.contents, state().detailsText + "\n\n" + state().resultText);
     auto* field = named<QLineEdit>(text("Quantità Turbine"));
     const std::string one = state().resultText;
     field->setFocus();
@@ -213,11 +213,11 @@ TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
 }
 
 TEST_F(ScreenTest, WithoutALogoTheHeaderShowsTheWind) {
-    const platform::Bundle empty("/nowhere");
-    ContentView bare({parser, scraper, pasteboard, diagnostics, empty});
+    const base::Bundle empty("/nowhere");
+    ContentView bare({parser, scraper, clipboard, diagnostics, empty});
     SidebarWidget sidebar(bare);
     int inked = 0;
-    for (auto* image : sidebar.findChildren<widgets::ImageView*>()) {
+    for (auto* image : sidebar.findChildren<ui::ImageView*>()) {
         if (image->size() != QSize(44, 44)) continue;
         const QImage picture = image->grab().toImage();
         inked += tests::difference(picture, picture.copy(0, 0, 1, 1).scaled(44, 44)).largest;

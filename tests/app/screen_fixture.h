@@ -7,14 +7,14 @@
 #include <QAccessible>
 #include <QTest>
 
-#include "app/kalvo_tresk_app.h"
+#include "app/qt/kalvo_tresk_app.h"
 #include "tests/app/test_services.h"
 #include "tests/support/scripted_session.h"
-#include "widgets/theme.h"
+#include "ui/theme.h"
 
 namespace kalvo::app {
 
-class RecordingWorkspace final : public platform::Workspace {
+class RecordingWorkspace final : public base::UrlOpener {
  public:
     bool open(std::string_view address) override {
         opened.emplace_back(address);
@@ -39,9 +39,7 @@ inline QString nameOf(QWidget* widget) {
 /// a script.
 class ScreenTest : public testing::Test, protected TestServices<tests::ScriptedSession> {
  public:
-    static void SetUpTestSuite() {
-        widgets::Theme::apply(platform::Bundle(KALVO_SOURCE_DIR "/resources"));
-    }
+    static void SetUpTestSuite() { ui::Theme::apply(base::Bundle(KALVO_SOURCE_DIR "/resources")); }
 
  protected:
     ScreenTest() : TestServices(KALVO_SOURCE_DIR "/resources"), window(application.openWindow()) {
@@ -78,9 +76,9 @@ class ScreenTest : public testing::Test, protected TestServices<tests::ScriptedS
         QTest::mouseClick(named<QAbstractButton>(button), Qt::LeftButton);
     }
 
-    RecordingWorkspace workspace;
-    platform::NotificationCenter notifications;
-    Kalvo_TreskApp application{services, notifications, workspace};
+    RecordingWorkspace urlOpener;
+    base::NotificationCenter notifications;
+    Kalvo_TreskApp application{services, notifications, urlOpener};
     QMainWindow* window;
 };
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "app/content_view.h"
+#include "tests/support/recording_clipboard.h"
 #include "tests/support/recording_diagnostics.h"
-#include "tests/support/recording_pasteboard.h"
 
 namespace kalvo::app {
 
@@ -19,12 +19,12 @@ struct TestServices {
 
     tests::RecordingDiagnostics diagnostics;
     Session session;
-    tests::RecordingPasteboard pasteboard;
-    platform::Bundle bundle;
+    tests::RecordingClipboard clipboard;
+    base::Bundle bundle;
     online::ServiceOrigins origins;
     engine::LocationParser parser{bundle, diagnostics};
     online::MeteoblueScraper scraper{session, origins, diagnostics};
-    Services services{parser, scraper, pasteboard, diagnostics, bundle};
+    Services services{parser, scraper, clipboard, diagnostics, bundle};
 };
 
 }  // namespace kalvo::app

@@ -1,4 +1,4 @@
-#include "charts/chart_widget.h"
+#include "charts/qt/chart_widget.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>

@@ -1,4 +1,4 @@
-#include "charts/details_notebook_widget.h"
+#include "charts/qt/details_notebook_widget.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
@@ -9,8 +9,8 @@
 #include <QTableWidget>
 #include <QTest>
 
-#include "charts/chart_widget.h"
-#include "tests/support/recording_pasteboard.h"
+#include "charts/qt/chart_widget.h"
+#include "tests/support/recording_clipboard.h"
 
 namespace kalvo::charts {
 namespace {
@@ -20,7 +20,7 @@ class DetailsNotebookTest : public testing::Test {
     DetailsNotebookTest()
         : view{0,  {{"Gen", {1, 4, 7, 9, 6, 3, 1}}},    {{0, {10}}},
                {}, "Stima <b>solare</b>\nseconda riga", "Produzione"},
-          widget(pasteboard) {
+          widget(clipboard) {
         widget.setView(view);
         widget.resize(1000, 400);
         widget.show();
@@ -59,7 +59,7 @@ class DetailsNotebookTest : public testing::Test {
     [[nodiscard]] QTableWidget& table() const { return *widget.findChild<QTableWidget*>(); }
     [[nodiscard]] QPushButton& copyButton() const { return *widget.findChild<QPushButton*>(); }
 
-    tests::RecordingPasteboard pasteboard;
+    tests::RecordingClipboard clipboard;
     DetailsNotebookView view;
     DetailsNotebookWidget widget;
 };
@@ -173,7 +173,7 @@ TEST_F(DetailsNotebookTest, NoticeOfACopyEndsTwoSecondsAfterTheFirstPress) {
     sinceFirstPress.start();
     QTest::mouseClick(&copyButton(), Qt::LeftButton);
     EXPECT_EQ(copyButton().text(), "Copiato!");
-    EXPECT_TRUE(pasteboard.contents.starts_with("Velocità\tGen\t"));
+    EXPECT_TRUE(clipboard.contents.starts_with("Velocità\tGen\t"));
     QTest::qWait(1500);
     QTest::mouseClick(&copyButton(), Qt::LeftButton);
     view.currentDistribution.clear();

@@ -16,7 +16,7 @@ using Condition = SolarChartView::Condition;
 using Hit = SolarChartView::Hit;
 
 // 500 x 200: bars of 25 points, 5 points a day, the baseline at 175.
-constexpr platform::Size kSize{500, 200};
+constexpr graphics::Size kSize{500, 200};
 std::vector<double> everyMonth(double days) { return std::vector<double>(12, days); }
 
 TEST(SolarChartView, DrawsAxisThenMonthsThenPrecipitation) {
@@ -61,9 +61,9 @@ TEST(SolarChartView, KeepsTheBaselineUnderEndlessBars) {
     const double infinity = std::numeric_limits<double>::infinity();
     for (const double endless : {1e6, 1e17, 1e300, 1e308, infinity}) {
         const SolarChartView view{{{endless, -endless}, {-endless, 10}, {7, 1}, {endless}}};
-        platform::RecordingCanvas canvas;
+        tests::RecordingCanvas canvas;
         view.draw(canvas, kSize);
-        const auto bars = canvas.all<platform::draw::FillRect>();
+        const auto bars = canvas.all<tests::draw::FillRect>();
         ASSERT_EQ(bars.size(), 6u);
         // Up from the baseline out of the view; down from it; out of sight on top of that.
         EXPECT_NEAR(bars[0].rect.y + bars[0].rect.height, 175, 1e-3) << endless;

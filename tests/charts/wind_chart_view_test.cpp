@@ -15,7 +15,7 @@ using tests::drawn;
 
 // 650 x 200: the plot is 600 wide (50 a month, bars of 30) and 155 high (5 a day), its baseline
 // at 175.
-constexpr platform::Size kSize{650, 200};
+constexpr graphics::Size kSize{650, 200};
 constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
 
 TEST(WindChartView, DrawsAxisThenMonthByMonthTheStrongestClassAtTheBottom) {
@@ -41,7 +41,7 @@ TEST(WindChartView, DrawsAxisThenMonthByMonthTheStrongestClassAtTheBottom) {
                     "fill #d1f7ec 595,20 30x155", "restore", "frame gray@0.2 1 0,0 650x200 6"));
 }
 
-TEST(WindChartView, KeepsNarrowBarsSixPointsWideOnTheirCentre) {
+TEST(WindChartView, KeepsNarrowBarsSixPointsWideOnTheirCenter) {
     // 110 wide: 60 for the plot, 5 a month, of which six tenths would be 3.
     EXPECT_THAT(drawn(WindChartView{{{"Mar", {0, 0, 0, 0, 0, 0, 31}}}}, {110, 200}, "fill"),
                 ElementsAre("fill #ffd600 44.5,20 6x155"));

@@ -13,8 +13,8 @@ namespace {
 using testing::ElementsAre;
 using tests::drawn;
 
-// The centre is (200, 145), the radius 130.
-constexpr platform::Size kSize{400, 300};
+// The center is (200, 145), the radius 130.
+constexpr graphics::Size kSize{400, 300};
 constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
 
 /// A rose with one sector of one class.

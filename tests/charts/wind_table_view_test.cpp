@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/recording_pasteboard.h"
+#include "tests/support/recording_clipboard.h"
 
 namespace kalvo::charts {
 namespace {
@@ -14,9 +14,9 @@ TEST(WindTableView, CopiesATabSeparatedTableWithZerosWhereThereIsNothing) {
                         {"Dic", {0, 0, 0, 0, 0, 0, 31}},
                         {"Dec", {5, 5, 5, 5, 5, 5, 5}}}};
     EXPECT_EQ(view.copyButtonText(), "Copia Dati Tabella");
-    tests::RecordingPasteboard pasteboard;
-    view.copyToClipboard(pasteboard);
-    EXPECT_EQ(pasteboard.contents,
+    tests::RecordingClipboard clipboard;
+    view.copyToClipboard(clipboard);
+    EXPECT_EQ(clipboard.contents,
               "Velocità\tGen\tFeb\tMar\tApr\tMag\tGiu\tLug\tAgo\tSet\tOtt\tNov\tDic\n"
               "< 2 km/h\t1\t28\t0\t0\t0\t0\t0\t-2\t0\t0\t0\t0\n"
               "2-5 km/h\t4\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n"

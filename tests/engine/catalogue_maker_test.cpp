@@ -84,16 +84,16 @@ TEST(CatalogueMaker, RefusesFaultyTables) {
 
 TEST(ShippedCatalogue, IsWhatTheToolMakes) {
     const auto made = makeCatalogue({
-        .places = platform::readFile(kResources / "source" / "comuni.csv").value(),
-        .stations = platform::readFile(kResources / "source" / "stazioni.csv").value(),
+        .places = base::readFile(kResources / "source" / "comuni.csv").value(),
+        .stations = base::readFile(kResources / "source" / "stazioni.csv").value(),
     });
     ASSERT_TRUE(made) << made.error().message;
-    EXPECT_TRUE(platform::readFile(kResources / "comuni_italia.csv").value() == made->catalogue);
-    EXPECT_TRUE(platform::readFile(kResources / "README.md").value().ends_with(made->stationTable));
+    EXPECT_TRUE(base::readFile(kResources / "comuni_italia.csv").value() == made->catalogue);
+    EXPECT_TRUE(base::readFile(kResources / "README.md").value().ends_with(made->stationTable));
 }
 
 TEST(ShippedCatalogue, CoversTheCountriesWithPlausibleYields) {
-    const platform::Bundle bundle(kResources);
+    const base::Bundle bundle(kResources);
     tests::RecordingDiagnostics diagnostics;
     const engine::Catalogue catalogue = engine::LocationParser(bundle, diagnostics).loadLocations();
     EXPECT_THAT(diagnostics.lines, testing::IsEmpty());
@@ -111,7 +111,7 @@ TEST(ShippedCatalogue, CoversTheCountriesWithPlausibleYields) {
     }
     EXPECT_EQ(bestOfProvince.erase("SM") + bestOfProvince.erase("SCV"), 2U);
     EXPECT_EQ(bestOfProvince.size(), 107U);
-    // Most provinces stand out from the weakest colour of the wind map, few reach the strongest.
+    // Most provinces stand out from the weakest color of the wind map, few reach the strongest.
     std::vector<std::string> strongest;
     for (const auto& [province, best] : bestOfProvince) {
         if (best > 5900) strongest.push_back(province);

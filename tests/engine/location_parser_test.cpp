@@ -37,7 +37,7 @@ class CatalogueLoading : public testing::Test {
     tests::RecordingDiagnostics diagnostics_;
 
  private:
-    platform::Bundle bundle_{folder_.path()};
+    base::Bundle bundle_{folder_.path()};
 };
 
 std::vector<std::string> labels(const Catalogue& catalogue) {
@@ -181,18 +181,17 @@ TEST_F(CatalogueLoading, SaysOnceWhyThereIsNoCatalogue) {
     EXPECT_TRUE(load().empty());
     EXPECT_THAT(diagnostics_.lines, ElementsAre("Error loading comuni_italia.csv: Is a directory"));
     // A file that cannot even be opened, whoever runs the test.
-    EXPECT_EQ(platform::readFile(folder_.path() / "none").error().message,
-              "No such file or directory");
+    EXPECT_EQ(base::readFile(folder_.path() / "none").error().message, "No such file or directory");
 }
 
 TEST_F(CatalogueLoading, ReadAheadIsTakenOnceAndSaysWhyOnlyThen) {
     LocationParser parser = makeParser();
-    parser.readLocationsAhead();
+    parser.prefetchLocations();
     EXPECT_TRUE(parser.loadLocations().empty());
     EXPECT_THAT(diagnostics_.lines, ElementsAre("comuni_italia.csv not found in bundle!"));
 
     load(std::string(kHeader) + "Roma;RM;Lazio\n");
-    parser.readLocationsAhead();
+    parser.prefetchLocations();
     EXPECT_THAT(labels(parser.loadLocations()), ElementsAre("Roma (RM)"));
     load(std::string(kHeader) + "Enna;EN;Sicilia\n");
     EXPECT_THAT(labels(parser.loadLocations()), ElementsAre("Enna (EN)"));

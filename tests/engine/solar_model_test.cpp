@@ -20,7 +20,7 @@ double year(const std::vector<double>& days) {
 }
 
 TEST(SolarModel, ChoosesTheTableByRegionAndLatitude) {
-    enum Table { kNorth = 103, kCentre = 139, kSouth = 178 };  // sunny days of the year
+    enum Table { kNorth = 103, kCenter = 139, kSouth = 178 };  // sunny days of the year
     struct Case {
         std::optional<double> lat;
         const char* region;
@@ -30,16 +30,16 @@ TEST(SolarModel, ChoosesTheTableByRegionAndLatitude) {
              Case{40.9, "Sardegna", kSouth},
              Case{46.5, "SICILIA", kSouth},
              Case{41.0, "Lazio", kSouth},
-             Case{42.0, "Lazio", kCentre},
-             Case{44.0, "Lazio", kCentre},
-             Case{44.0, "Campania", kCentre},
+             Case{42.0, "Lazio", kCenter},
+             Case{44.0, "Lazio", kCenter},
+             Case{44.0, "Campania", kCenter},
              Case{41.0, "campania", kSouth},
              Case{43.6, "Toscana", kNorth},
-             Case{43.4, "Toscana", kCentre},
-             Case{41.5, "Molise", kCentre},
+             Case{43.4, "Toscana", kCenter},
+             Case{41.5, "Molise", kCenter},
              Case{41.4, "Molise", kSouth},
              Case{43.5, "Toscana", kNorth},
-             Case{kAbsent, "Piemonte", kCentre},
+             Case{kAbsent, "Piemonte", kCenter},
              Case{kAbsent, "Sicilia", kSouth},
          }) {
         EXPECT_EQ(year(sky(lat, region).sunny), table) << region << " " << lat.value_or(0);

@@ -95,7 +95,7 @@ TEST(MonthlyWindDistribution, WithoutWindEveryDayIsCalm) {
 TEST(WindRose, FollowsItsDrawsAndTheRayleighLaw) {
     // The label's hash is 0xbfe0110f57bad128, its absolute value modulo 2^31 675622616. The first
     // number drawn is 0.59994, so north weighs 0.02 + 0.02 x 0.59994 = 0.032; south-east, which
-    // prevails, weighs 0.25126 and its neighbour 0.13243 of 1.22506. The mean wind is 20 km/h.
+    // prevails, weighs 0.25126 and its neighbor 0.13243 of 1.22506. The mean wind is 20 km/h.
     const WindRoseData data = rose("Roma (RM)", "Lazio", 5900);
     EXPECT_THAT(data.at(0), ElementsAre(2, 13, 39, 98, 57, 17, 3));        // of 228.8 hours
     EXPECT_THAT(data.at(6), ElementsAre(8, 43, 146, 471, 498, 351, 280));  // of 1796.7
@@ -106,9 +106,9 @@ TEST(WindRose, BlowsFromThePrevailingSectorsOfTheRegion) {
     struct Case {
         const char* region;
         std::vector<int> prevailing;
-        std::vector<int> neighbours;
+        std::vector<int> neighbors;
     };
-    for (const auto& [region, prevailing, neighbours] : {
+    for (const auto& [region, prevailing, neighbors] : {
              Case{"Sardegna", {12, 14}, {11, 13, 15}},
              Case{"SICILIA", {6, 14}, {5, 7, 13, 15}},
              Case{"Liguria", {0, 10}, {1, 9, 11, 15}},
@@ -123,11 +123,11 @@ TEST(WindRose, BlowsFromThePrevailingSectorsOfTheRegion) {
             return total(data.at(one)) > total(data.at(other));
         });
         const auto middle = sectors.begin() + 2;
-        const auto end = middle + static_cast<std::ptrdiff_t>(neighbours.size());
+        const auto end = middle + static_cast<std::ptrdiff_t>(neighbors.size());
         std::sort(sectors.begin(), middle);
         std::sort(middle, end);
         EXPECT_EQ(std::vector(sectors.begin(), middle), prevailing) << region;
-        EXPECT_EQ(std::vector(middle, end), neighbours) << region;
+        EXPECT_EQ(std::vector(middle, end), neighbors) << region;
         EXPECT_NEAR(std::accumulate(data.begin(), data.end(), 0.0,
                                     [](double sum, const auto& sector) {
                                         return sum + static_cast<double>(total(sector.second));

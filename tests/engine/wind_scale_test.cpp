@@ -10,15 +10,15 @@
 namespace kalvo::engine {
 namespace {
 
-using platform::Color;
+using graphics::Color;
 
 Color rgb(double red, double green, double blue) { return {red / 255, green / 255, blue / 255, 1}; }
 
 TEST(WindScale, YieldAndMeanSpeedAreOneLine) {
     EXPECT_EQ(meanSpeed(2800), 8);
     EXPECT_EQ(meanSpeed(5900), 20);
-    EXPECT_EQ(yieldOfMeanSpeed(20), 5900);
-    EXPECT_EQ(yieldOfMeanSpeed(5), 2025);
+    EXPECT_EQ(yieldFromMeanSpeed(20), 5900);
+    EXPECT_EQ(yieldFromMeanSpeed(5), 2025);
 }
 
 TEST(WindColor, RunsThroughTheStopsOfItsRamp) {

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "geo/globe_pointer.h"
+#include "geo/drag_recognizer.h"
 #include "geo/globe_projection.h"
 
 namespace kalvo::geo {
@@ -91,10 +91,10 @@ TEST(GlobePointerTest, TellsTapsFromDrags) {
     enum Kind { kPress, kRepeatedPress, kMove, kRelease };
     struct Step {
         Kind kind;
-        platform::Point at;
+        graphics::Point at;
         bool counts;  // a move as a drag, a release as a tap
     };
-    GlobePointer pointer;
+    DragRecognizer pointer;
     GlobeView::Time now{};
     int step = 0;
     for (const auto& [kind, at, counts] : {
@@ -116,7 +116,7 @@ TEST(GlobePointerTest, TellsTapsFromDrags) {
          }) {
         SCOPED_TRACE(testing::Message() << "step " << ++step);
         now += 1s;
-        using Press = GlobePointer::Press;
+        using Press = DragRecognizer::Press;
         if (kind == kPress) pointer.press(at, now, Press::kFirst);
         if (kind == kRepeatedPress) pointer.press(at, now, Press::kRepeated);
         if (kind == kRelease) {
@@ -126,7 +126,7 @@ TEST(GlobePointerTest, TellsTapsFromDrags) {
         const auto drag = pointer.move(at, now);
         ASSERT_EQ(drag.has_value(), counts);
         if (drag) {
-            EXPECT_EQ(drag->translation, (platform::Size{at.x, at.y}));
+            EXPECT_EQ(drag->translation, (graphics::Size{at.x, at.y}));
         }
     }
 }
@@ -139,9 +139,9 @@ TEST(GlobePointerTest, PredictsTheEndFromTheLatestVelocity) {
         double step;   // points
         double glide;  // beyond the last step
     };
-    GlobePointer pointer;
+    DragRecognizer pointer;
     GlobeView::Time now{};
-    pointer.press({0, 0}, now, GlobePointer::Press::kFirst);
+    pointer.press({0, 0}, now, DragRecognizer::Press::kFirst);
     double x = 0;
     for (const auto& [what, pace, steps, step, glide] : {
              Stretch{"slow", 1s, 1, 20, 0},
@@ -157,7 +157,7 @@ TEST(GlobePointerTest, PredictsTheEndFromTheLatestVelocity) {
         EXPECT_NEAR(drag->predictedEndTranslation.height, 0, 1e-6) << what;
     }
     // The first move of all has little time behind it: no leap.
-    pointer.press({0, 0}, now, GlobePointer::Press::kFirst);
+    pointer.press({0, 0}, now, DragRecognizer::Press::kFirst);
     const auto drag = pointer.move({30, 0}, now + 1ms);
     ASSERT_TRUE(drag);
     EXPECT_LE(drag->predictedEndTranslation.width, 30 + 75);

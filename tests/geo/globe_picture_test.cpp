@@ -2,8 +2,8 @@
 #include <QCoreApplication>
 
 #include "geo/globe_projection.h"
-#include "geo/globe_widget.h"
-#include "tests/geo/plain_globe.h"
+#include "geo/qt/globe_widget.h"
+#include "tests/geo/reference_globe.h"
 #include "tests/support/pictures.h"
 
 namespace kalvo::geo {

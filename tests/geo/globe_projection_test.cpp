@@ -9,8 +9,8 @@ namespace kalvo::geo {
 namespace {
 
 using engine::LatLon;
-using platform::Point;
-using platform::Size;
+using graphics::Point;
+using graphics::Size;
 
 constexpr Size kView{300, 200};
 constexpr double kRadius = 200 / 2.3;
@@ -89,7 +89,7 @@ TEST(GlobeProjectionTest, InvertsPointsWorkedByHand) {
              Case{{40, 0}, {0, 0}, {}},
              Case{{40, 0}, {150 + kRadius * 1.0001, 100}, {}},
              Case{{40, 0}, {150, 100 - edge}, LatLon{90, 40}},  // the pole has no longitude
-             // From above, to the right is a quarter turn east, and below the centre's meridian.
+             // From above, to the right is a quarter turn east, and below the center's meridian.
              Case{{40, 90}, {150 + edge, 100}, LatLon{0, 130}},
              Case{{40, 90}, {150, 100 + edge}, LatLon{0, 40}},
              // Longitudes come back into one turn.

@@ -9,13 +9,13 @@ namespace kalvo::geo {
 namespace {
 
 using engine::CountryRing;
-using platform::LineBatch;
-using platform::RecordingCanvas;
+using graphics::LineBatch;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
+using tests::RecordingCanvas;
 
-constexpr platform::Size kView{230, 230};
+constexpr graphics::Size kView{230, 230};
 
 GlobeView viewFrom(double lat, double lon) {
     GlobeView view{};
@@ -32,7 +32,7 @@ RecordingCanvas drawn(const GlobeView& view, const std::vector<CountryRing>& rin
 }
 
 LineBatch outlinesOf(const RecordingCanvas& canvas) {
-    return canvas.all<platform::draw::StrokeLines>().at(2).lines;
+    return canvas.all<tests::draw::StrokeLines>().at(2).lines;
 }
 
 TEST(GlobeViewTest, DrawsFromTheGroundUp) {

@@ -1,4 +1,4 @@
-#include "geo/globe_widget.h"
+#include "geo/qt/globe_widget.h"
 
 #include <gtest/gtest.h>
 
@@ -135,14 +135,14 @@ TEST_F(GlobeWidgetTest, PaintsOnlyTheDiscWhileItTurnsAndNothingUnseen) {
     EXPECT_TRUE(areas.list.back().contains(disc.adjusted(-40, -13, 40, 10)));
     EXPECT_NE(areas.list.back(), globe_.rect());
 
-    for (const bool minimised : {false, true}) {
+    for (const bool minimized : {false, true}) {
         globe_.showNormal();
         QTest::qWait(60);
-        minimised ? globe_.showMinimized() : globe_.hide();
+        minimized ? globe_.showMinimized() : globe_.hide();
         QTest::qWait(20);
         areas.list.clear();
         QTest::qWait(150);
-        EXPECT_TRUE(areas.list.empty()) << (minimised ? "minimised" : "hidden");
+        EXPECT_TRUE(areas.list.empty()) << (minimized ? "minimized" : "hidden");
     }
 }
 
@@ -168,7 +168,7 @@ TEST_F(GlobeWidgetTest, ShowsAndTellsItsCenterAndItsTarget) {
     globe_.setCenter(0.35, 12);
     EXPECT_EQ(globe_.centerLat(), 0.35);
     EXPECT_EQ(globe_.centerLon(), 12);
-    EXPECT_EQ(moves_, 0) << "who sets the centre knows it";
+    EXPECT_EQ(moves_, 0) << "who sets the center knows it";
     EXPECT_TRUE(globe_.accessibleDescription().startsWith("Nessun luogo segnato."));
     globe_.setTarget(41.89, -12.51, "Roma");
     EXPECT_TRUE(globe_.accessibleDescription().startsWith(

@@ -9,8 +9,8 @@
 namespace kalvo::geo {
 namespace {
 
-using platform::Point;
-using platform::Size;
+using graphics::Point;
+using graphics::Size;
 
 TEST(MapGestures, PinchesAndDragsActTogetherFromTheirThresholdsToTheirLimits) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -24,10 +24,10 @@ TEST(MapGestures, PinchesAndDragsActTogetherFromTheirThresholdsToTheirLimits) {
     MapGestures map;
     int step = 0;
     for (const auto& [change, scale, offset] : {
-             Step{1.009, 1, {0, 0}},  // recognised from a hundredth on, either way
+             Step{1.009, 1, {0, 0}},  // recognized from a hundredth on, either way
              Step{0.991, 1, {0, 0}},
              Step{1.02, 1.02, {0, 0}},
-             Step{1.0, 1, {0, 0}},  // once recognised, every change counts
+             Step{1.0, 1, {0, 0}},  // once recognized, every change counts
              Step{kEnd, 1, {0, 0}},
              Step{1.005, 1, {0, 0}},
              Step{2.0, 2, {0, 0}},
@@ -67,15 +67,15 @@ TEST(MapGestures, ZoomingKeepsWhatIsUnderTheAnchor) {
     MapGestures map;
     moveBy(map, {10, 0});
     // Of the unmoved picture the point 140, 50 shows at 150, 50.
-    EXPECT_EQ(pictureAt(map, {150, 50}, view), (Point{140, 50}));
+    EXPECT_EQ(viewToMap(map, {150, 50}, view), (Point{140, 50}));
     zoomBy(map, 2, {150, 50}, view);
     EXPECT_DOUBLE_EQ(map.scale, 2);
     EXPECT_EQ(map.offset, (Size{-30, 0}));
-    EXPECT_EQ(pictureAt(map, {150, 50}, view), (Point{140, 50}));
+    EXPECT_EQ(viewToMap(map, {150, 50}, view), (Point{140, 50}));
     // A step that the limit cuts short still keeps the anchor.
     zoomBy(map, 100, {150, 50}, view);
     EXPECT_DOUBLE_EQ(map.scale, 15);
-    EXPECT_NEAR(pictureAt(map, {150, 50}, view).x, 140, 1e-9);
+    EXPECT_NEAR(viewToMap(map, {150, 50}, view).x, 140, 1e-9);
     const MapGestures largest = map;
     zoomBy(map, 1.25, {0, 0}, view);
     EXPECT_EQ(map, largest) << "at the limit nothing moves";

@@ -2,20 +2,20 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/geo/geojson_texts.h"
+#include "tests/geojson/geojson_texts.h"
 #include "tests/support/drawing.h"
 
 namespace kalvo::geo {
 namespace {
 
-using platform::Point;
-using platform::Size;
+using graphics::Point;
+using graphics::Size;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::featureText;
 using tests::mapOf;
 
-MapView viewOf(MapType type, std::optional<GeoMapData> map) {
+MapView viewOf(MapType type, std::optional<geojson::GeoMapData> map) {
     MapView view{};
     view.mapType = type;
     view.geoData = std::move(map);
@@ -26,7 +26,7 @@ std::vector<std::string> drawn(const MapView& view, const std::string& kind = ""
     return tests::drawn(view, {128, 128}, kind);
 }
 
-GeoMapData outlines(const std::string& coordinates) {
+geojson::GeoMapData outlines(const std::string& coordinates) {
     return mapOf({featureText("{}", coordinates)});
 }
 
@@ -53,7 +53,7 @@ TEST(MapBounds, HoldAllUsablePositions) {
     EXPECT_EQ(calculateBounds({}), (MapBounds{6.62, 18.51, 35.49, 47.09}));
 }
 
-TEST(MapProjection, FitsTheBoxWithAMarginAndCentresIt) {
+TEST(MapProjection, FitsTheBoxWithAMarginAndCentersIt) {
     struct Case {
         MapBounds bounds;
         Size view;
@@ -109,9 +109,9 @@ TEST(MapScene, PolygonsAreRingsAtEitherDepth) {
              {"[10,[10,10]]", {}},
              {"[[[[10,10],[20,10],[20,20]]]]", {}},
          }) {
-        const GeoMapData map = outlines(fmt::format("[{}]", element));
+        const geojson::GeoMapData map = outlines(fmt::format("[{}]", element));
         std::vector<std::size_t> found;
-        for (const platform::Path& polygon :
+        for (const graphics::Path& polygon :
              extractPolygons(map.features[0].geometry.coordinates[0], projection)) {
             ASSERT_EQ(polygon.polylines.size(), 1u) << element;
             EXPECT_TRUE(polygon.polylines[0].closed) << element;
@@ -123,7 +123,7 @@ TEST(MapScene, PolygonsAreRingsAtEitherDepth) {
 
 TEST(MapScene, TellsTheTopmostFeatureAtAPoint) {
     const std::string inner = "[[12,12],[18,12],[18,18],[12,18]]";
-    const GeoMapData map =
+    const geojson::GeoMapData map =
         mapOf({featureText("{}", "[" + kSquare + "," + inner + "]"),
                featureText("{}", "[[[16,16],[20,16],[20,20],[16,20],[16,16]]]")});
     const MapScene scene = MapScene::make(map, {128, 128});
@@ -175,11 +175,11 @@ TEST(MapView, AMapOutsideItsQuarterOfTheWorldDrawsOnlyTheGround) {
     EXPECT_THAT(drawn(view, "area"), IsEmpty());
 }
 
-TEST(MapView, ColoursFollowTheModeAndTheSelection) {
+TEST(MapView, ColorsFollowTheModeAndTheSelection) {
     const auto feature = [](const std::string& properties) {
         return featureText(properties, "[" + kSquare + "]");
     };
-    const GeoMapData map =
+    const geojson::GeoMapData map =
         mapOf({feature(R"({"regione":"Lazio","provincia":"Roma","sigla":"rm"})"),
                feature(R"({"provincia":"Agrigento","sigla":"Ag"})"), feature("{}")});
     const std::string region = "#e2ebf0, #b0c4de 1";  // fill, stroke and its width
@@ -223,7 +223,7 @@ TEST(MapView, ColoursFollowTheModeAndTheSelection) {
 }
 
 TEST(MapView, TellsWhatAFeatureIs) {
-    const GeoMapData map =
+    const geojson::GeoMapData map =
         mapOf({featureText(R"({"regione":"Lazio","provincia":"Roma","sigla":"RM"})", "[]"),
                featureText(R"({"provincia":"Altrove"})", "[]"), featureText("{}", "[]")});
     struct Case {

@@ -1,4 +1,4 @@
-#include "geo/map_widget.h"
+#include "geo/qt/map_widget.h"
 
 #include <gtest/gtest.h>
 
@@ -11,20 +11,20 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include "platform/bundle.h"
-#include "platform/qt/qt_canvas.h"
-#include "tests/geo/geojson_texts.h"
+#include "base/bundle.h"
+#include "graphics/qt/qt_canvas.h"
+#include "tests/geojson/geojson_texts.h"
 #include "tests/support/painted_areas.h"
 #include "tests/support/pictures.h"
 
 namespace kalvo::geo {
 namespace {
 
-using platform::Size;
+using graphics::Size;
 using tests::featureText;
 
 // In a view of 128 x 128 the box from 10, 10 to 20, 20 takes the 100 points in the middle.
-GeoMapData square(const std::string& properties) {
+geojson::GeoMapData square(const std::string& properties) {
     return tests::mapOf({featureText(properties, "[[[10,10],[20,10],[20,20],[10,20]]]")});
 }
 
@@ -113,14 +113,14 @@ TEST_F(MapWidgetTest, TheMapSticksToTheFingersOnATouchScreen) {
     // The fingers move apart and to the right: their middle from 69, 66 to 74, 66.
     touch.move(0, {54, 66}).move(1, {94, 66}).commit();
     EXPECT_DOUBLE_EQ(scale(), 2);
-    const platform::Point underFingers = pictureAt(map_.view().gestures, {74, 66}, {128, 128});
+    const graphics::Point underFingers = viewToMap(map_.view().gestures, {74, 66}, {128, 128});
     EXPECT_NEAR(underFingers.x, 64, 1e-9);
     EXPECT_NEAR(underFingers.y, 64, 1e-9);
     touch.release(0, {54, 66}).stationary(1).commit();
     touch.move(1, {84, 66}).commit();
     touch.release(1, {84, 66}).commit();
     EXPECT_DOUBLE_EQ(scale(), 2);
-    EXPECT_NEAR(pictureAt(map_.view().gestures, {64, 66}, {128, 128}).x, 64, 1e-9);
+    EXPECT_NEAR(viewToMap(map_.view().gestures, {64, 66}, {128, 128}).x, 64, 1e-9);
 }
 
 TEST_F(MapWidgetTest, KeysZoomAndMove) {
@@ -193,8 +193,8 @@ TEST_F(MapWidgetTest, AMapThatMovesLooksAsIfDrawnAnew) {
 
 TEST_F(MapWidgetTest, TheBandsOfThePictureJoinWithoutASeam) {
     MapView view = mapView(MapType::kProvince);
-    view.geoData = platform::readFile(KALVO_SOURCE_DIR "/resources/province.json")
-                       .and_then(decodeGeoJSON)
+    view.geoData = base::readFile(KALVO_SOURCE_DIR "/resources/province.json")
+                       .and_then(geojson::decodeGeoJSON)
                        .value();
     for (const QSize size : {QSize(301, 403), QSize(200, 1), QSize(150, 3)}) {
         MapWidget map;
@@ -203,7 +203,7 @@ TEST_F(MapWidgetTest, TheBandsOfThePictureJoinWithoutASeam) {
         QTest::keyClick(&map, Qt::Key_Plus);
         QImage expected(size, QImage::Format_RGB32);
         QPainter painter(&expected);
-        platform::QtCanvas canvas(painter, {double(size.width()), double(size.height())});
+        graphics::QtCanvas canvas(painter, {double(size.width()), double(size.height())});
         map.view().draw(canvas, {double(size.width()), double(size.height())});
         painter.end();
         QImage drawn(size, QImage::Format_RGB32);

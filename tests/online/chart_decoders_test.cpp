@@ -72,7 +72,7 @@ TEST(WindSpeedsDecoder, BringsEveryMonthToItsLength) {
         {series("10-20", "[7]") + "," + series("20-30", "[55]"), {0, 0, 0, 4, 27, 0, 0}},
         // Fractions are cut off before scaling: 3 and 0.
         {series("30-40", "[3.9]") + "," + series("40-50", "[0.9]"), {0, 0, 0, 0, 0, 31, 0}},
-        // Cut off toward zero: -0.5 is 0.
+        // Joint off toward zero: -0.5 is 0.
         {series("2-5", "[-0.5]") + "," + series("5-10", "[2]"), {0, 0, 31, 0, 0, 0, 0}},
         // Negative counts take part: -1 / 1 x 31 and 2 / 1 x 31.
         {series("2-5", "[-1]") + "," + series("5-10", "[2]"), {0, -31, 62, 0, 0, 0, 0}},

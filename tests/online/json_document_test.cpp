@@ -12,7 +12,7 @@ TEST(JsonDocument, TakesAnObjectOnly) {
     EXPECT_TRUE(JsonDocument::parse("\xEF\xBB\xBF {\"a\": []} "));
     const auto array = JsonDocument::parse("[{}]");
     ASSERT_FALSE(array);
-    EXPECT_EQ(array.error(), (platform::Error{"InvalidJSON", 500, ""}));
+    EXPECT_EQ(array.error(), (base::Error{"InvalidJSON", 500, ""}));
 }
 
 TEST(JsonDocument, RefusesWhatIsNoJson) {

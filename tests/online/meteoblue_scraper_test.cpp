@@ -16,8 +16,8 @@ namespace kalvo::online {
 namespace {
 
 using Answer = tests::ScriptedSession::Answer;
-using platform::Result;
-using platform::Task;
+using base::Result;
+using base::Task;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
@@ -44,7 +44,7 @@ Task<void> keep(Task<T> task, std::optional<T>* result) {
 }
 
 /// What an error says, or for one of JSON, whose text is the library's, where it comes from.
-std::string wordFor(const platform::Error& error) {
+std::string wordFor(const base::Error& error) {
     return error.domain == "JSON" ? error.domain : error.description();
 }
 
@@ -62,7 +62,7 @@ class MeteoblueScraperTest : public testing::Test {
     tests::ScriptedSession session;
     tests::RecordingDiagnostics diagnostics;
     MeteoblueScraper scraper{session, kOrigins, diagnostics};
-    platform::TaskScope scope;
+    base::TaskScope scope;
 };
 
 TEST_F(MeteoblueScraperTest, AsksTheSiteForPlacesAsABrowserDoes) {

@@ -7,15 +7,15 @@
 
 #include <fmt/format.h>
 
-#include "platform/recording_canvas.h"
+#include "tests/support/recording_canvas.h"
 
 /// What a view draws, a line of text a command, so that a test can say it as a list. Numbers are
-/// points, rounded where a double's last bits would tell; colours are hexadecimal.
+/// points, rounded where a double's last bits would tell; colors are hexadecimal.
 namespace kalvo::tests {
 
 namespace drawing {
-using namespace platform;
-using namespace platform::draw;
+using namespace graphics;
+using namespace draw;
 
 inline std::string text(double value) {
     const bool hasNoise = std::abs(value) < 1e6;
@@ -49,7 +49,7 @@ inline std::string text(const LineBatch& lines) {
     return fmt::format("{} of {} points", lines.starts.size(), lines.points.size());
 }
 inline std::string text(const Wedge& wedge) {
-    return fmt::format("{} {} from {} to {}", text(wedge.centre), text(wedge.radius),
+    return fmt::format("{} {} from {} to {}", text(wedge.center), text(wedge.radius),
                        text(wedge.startBearing), text(wedge.endBearing));
 }
 inline std::string text(const TextStyle& style) {
@@ -73,10 +73,10 @@ struct Describe {
     auto operator()(const StrokeRoundedRect& c) {
         return line("frame", c.stroke, c.rect, c.radius);
     }
-    auto operator()(const FillCircle& c) { return line("disc", c.color, c.centre, c.radius); }
-    auto operator()(const StrokeCircle& c) { return line("ring", c.stroke, c.centre, c.radius); }
+    auto operator()(const FillCircle& c) { return line("disc", c.color, c.center, c.radius); }
+    auto operator()(const StrokeCircle& c) { return line("ring", c.stroke, c.center, c.radius); }
     auto operator()(const FillWedge& c) { return line("wedge", c.color, c.wedge); }
-    auto operator()(const Text& c) { return line("text", c.text, c.style, c.centre); }
+    auto operator()(const Text& c) { return line("text", c.text, c.style, c.center); }
     auto operator()(const Save&) { return line("save"); }
     auto operator()(const Restore&) { return line("restore"); }
     auto operator()(const Translate& c) { return line("move", c.dx, c.dy); }
@@ -86,10 +86,10 @@ struct Describe {
 }  // namespace drawing
 
 /// The commands of one kind (its first word), or all of them.
-[[nodiscard]] inline std::vector<std::string> described(const platform::RecordingCanvas& canvas,
+[[nodiscard]] inline std::vector<std::string> described(const tests::RecordingCanvas& canvas,
                                                         const std::string& kind = "") {
     std::vector<std::string> found;
-    for (const platform::draw::Command& command : canvas.commands) {
+    for (const draw::Command& command : canvas.commands) {
         const std::string line = std::visit(drawing::Describe(), command);
         if (kind.empty() || line.starts_with(kind + " ")) found.push_back(line);
     }
@@ -98,9 +98,9 @@ struct Describe {
 
 template <class View>
 [[nodiscard]] std::vector<std::string> drawn(const View& view,
-                                             platform::Size size,
+                                             graphics::Size size,
                                              const std::string& kind = "") {
-    platform::RecordingCanvas canvas;
+    tests::RecordingCanvas canvas;
     view.draw(canvas, size);
     return described(canvas, kind);
 }

@@ -4,12 +4,12 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/diagnostics.h"
+#include "base/diagnostics.h"
 
 namespace kalvo::tests {
 
 /// Diagnostics that keep their lines, in order, for a test to compare.
-class RecordingDiagnostics final : public platform::Diagnostics {
+class RecordingDiagnostics final : public base::Diagnostics {
  public:
     std::vector<std::string> lines;
 

@@ -10,20 +10,20 @@
 #include <utility>
 #include <vector>
 
-#include "platform/http_session.h"
+#include "net/http_session.h"
 
 namespace kalvo::tests {
 
 /// An HTTP session that answers from a script instead of a network. `answer` and `hold` say, URL by
 /// URL and request by request, what the next ones get: an answer at once, or a wait that the test
 /// ends with `release`. A request that the script does not know fails.
-class ScriptedSession final : public platform::HttpSession {
+class ScriptedSession final : public net::HttpSession {
  public:
-    using Answer = platform::Result<std::string>;
+    using Answer = base::Result<std::string>;
 
     /// What a request that the network cannot serve gets.
     [[nodiscard]] static Answer failure(std::string message) {
-        return platform::Failure({"Transport", 1, std::move(message)});
+        return base::Failure({"Transport", 1, std::move(message)});
     }
 
     void answer(const std::string& url, Answer answer) {
@@ -48,9 +48,9 @@ class ScriptedSession final : public platform::HttpSession {
     [[nodiscard]] std::size_t heldCount() const { return held_.size(); }
 
     /// Every request so far, in the order of their start.
-    [[nodiscard]] const std::vector<platform::HttpRequest>& requests() const { return requests_; }
+    [[nodiscard]] const std::vector<net::HttpRequest>& requests() const { return requests_; }
 
-    [[nodiscard]] platform::Task<Answer> get(platform::HttpRequest request) override {
+    [[nodiscard]] base::Task<Answer> get(net::HttpRequest request) override {
         requests_.push_back(request);
         std::deque<std::optional<Answer>>& next = script_[request.url];
         if (next.empty()) co_return failure("unexpected request for " + request.url);
@@ -83,7 +83,7 @@ class ScriptedSession final : public platform::HttpSession {
     };
 
     std::map<std::string, std::deque<std::optional<Answer>>> script_;
-    std::vector<platform::HttpRequest> requests_;
+    std::vector<net::HttpRequest> requests_;
     std::vector<Held*> held_;
 };
 

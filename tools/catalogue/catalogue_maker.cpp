@@ -15,8 +15,8 @@ namespace kalvo::tools {
 
 namespace {
 
-using platform::Failure;
-using platform::Result;
+using base::Failure;
+using base::Result;
 
 Failure failed(std::string message) { return Failure({"Catalogue", 1, std::move(message)}); }
 
@@ -64,8 +64,8 @@ const Station* stationFor(const Place& place, const std::vector<Station>& statio
 /// carried up by the one-seventh power law from the 10 m of the station's anemometer.
 double yieldAtHub(const Station& station, double hubHeight) {
     constexpr double kKmhPerMs = 3.6;
-    return engine::yieldOfMeanSpeed(station.meanWind * kKmhPerMs *
-                                    std::pow(hubHeight / 10, 1.0 / 7));
+    return engine::yieldFromMeanSpeed(station.meanWind * kKmhPerMs *
+                                      std::pow(hubHeight / 10, 1.0 / 7));
 }
 
 std::string catalogueLine(const Place& place, const Station& station) {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace kalvo::tools {
 
@@ -24,6 +24,6 @@ struct CatalogueFiles {
 /// Gives every place the mean wind of the nearest weather station, as the yield that stands for
 /// it. Fails on a table with other columns than expected, a faulty number, or two places with one
 /// label.
-[[nodiscard]] platform::Result<CatalogueFiles> makeCatalogue(const CatalogueSources& sources);
+[[nodiscard]] base::Result<CatalogueFiles> makeCatalogue(const CatalogueSources& sources);
 
 }  // namespace kalvo::tools

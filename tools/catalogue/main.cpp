@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/bundle.h"
+#include "base/bundle.h"
 #include "tools/catalogue/catalogue_maker.h"
 
 /// catalogue <folder of resources>: makes the catalogue there, and the table of stations at the
@@ -12,9 +12,9 @@
 
 namespace {
 
-using kalvo::platform::Failure;
-using kalvo::platform::readFile;
-using kalvo::platform::Result;
+using kalvo::base::Failure;
+using kalvo::base::readFile;
+using kalvo::base::Result;
 
 constexpr std::string_view kTableMark = "<!-- Made by tools/catalogue from here on. -->\n";
 

@@ -3,17 +3,17 @@
 #include <limits>
 #include <set>
 
-#include "engine/delimited_text.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "engine/csv_reader.h"
 
 namespace kalvo::tools {
 
 namespace {
 
 using Fields = std::vector<std::string_view>;
-using platform::Failure;
-using platform::Result;
+using base::Failure;
+using base::Result;
 
 Failure badTable(std::string message) {
     return Failure({"CatalogueSource", 1, std::move(message)});
@@ -24,14 +24,14 @@ Result<std::vector<Fields>> readRows(std::string_view table, std::string_view co
     constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
     const std::string message = "the columns are not " + std::string(columns);
     Fields expected;
-    engine::takeRow(columns, kAll, expected);
+    engine::readRow(columns, kAll, expected);
     Fields header;
-    engine::takeRow(table, kAll, header);
+    engine::readRow(table, kAll, header);
     if (header != expected) return badTable(message);
 
     std::vector<Fields> rows;
     while (!table.empty()) {
-        engine::takeRow(table, kAll, rows.emplace_back());
+        engine::readRow(table, kAll, rows.emplace_back());
         if (rows.back().size() != header.size()) {
             return badTable("line " + std::to_string(rows.size() + 1) +
                             " has too few or too many fields");
@@ -47,8 +47,8 @@ Result<std::vector<Place>> readPlaces(std::string_view table) {
     if (!rows) return Failure(rows.error());
     std::vector<Place> places;
     for (const Fields& row : *rows) {
-        const auto lat = platform::parseDouble(row[3]);
-        const auto lon = platform::parseDouble(row[4]);
+        const auto lat = base::parseDouble(row[3]);
+        const auto lon = base::parseDouble(row[4]);
         if (!lat || !lon) return badTable("no coordinates: " + std::string(row[0]));
         places.push_back({.name = std::string(row[0]),
                           .province = std::string(row[1]),
@@ -67,17 +67,17 @@ Result<std::vector<Station>> readStations(std::string_view table,
     if (!rows) return Failure(rows.error());
 
     std::set<std::string> placeNames;
-    for (const Place& place : places) placeNames.insert(platform::lowercased(place.name));
+    for (const Place& place : places) placeNames.insert(base::lowercased(place.name));
     const auto codeOf = [&placeNames](std::string_view icao, std::string_view wmo) {
-        const bool isUsable = !icao.empty() && !placeNames.contains(platform::lowercased(icao));
+        const bool isUsable = !icao.empty() && !placeNames.contains(base::lowercased(icao));
         return isUsable ? std::string(icao) : "WMO " + std::string(wmo.substr(0, 5));
     };
 
     std::vector<Station> stations;
     for (const Fields& row : *rows) {
-        const auto lat = platform::parseDouble(row[3]);
-        const auto lon = platform::parseDouble(row[4]);
-        const auto meanWind = platform::parseDouble(row[6]);
+        const auto lat = base::parseDouble(row[3]);
+        const auto lon = base::parseDouble(row[4]);
+        const auto meanWind = base::parseDouble(row[6]);
         if (!lat || !lon || !meanWind) return badTable("a faulty number: " + std::string(row[0]));
         if (row[8] != "G" && row[8] != "L") return badTable("no known use: " + std::string(row[0]));
         stations.push_back({.name = std::string(row[0]),

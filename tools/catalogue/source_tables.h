@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 /// The source tables of the catalogue as records.
 namespace kalvo::tools {
@@ -30,13 +30,13 @@ struct Station {
 };
 
 /// The places, in the table's order.
-[[nodiscard]] platform::Result<std::vector<Place>> readPlaces(std::string_view table);
+[[nodiscard]] base::Result<std::vector<Place>> readPlaces(std::string_view table);
 
 /// The stations, in the table's order. A station's code is its ICAO code, else "WMO " and the
 /// first five digits of its WMO number. An ICAO code that is also the name of a place, whatever
 /// its case, gives way to the WMO form: whoever searches for the place must not get everything
 /// that the station serves.
-[[nodiscard]] platform::Result<std::vector<Station>> readStations(std::string_view table,
-                                                                  const std::vector<Place>& places);
+[[nodiscard]] base::Result<std::vector<Station>> readStations(std::string_view table,
+                                                              const std::vector<Place>& places);
 
 }  // namespace kalvo::tools

@@ -6,8 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "app/kalvo_tresk_app.h"
-#include "app/main_screen.h"
+#include "app/qt/kalvo_tresk_app.h"
+#include "app/qt/main_screen.h"
 
 namespace kalvo::monkey {
 

@@ -45,8 +45,7 @@ bool contains(const std::string& text, const char* part) {
 
 }  // namespace
 
-platform::Task<platform::Result<std::string>> UnreliableSession::get(
-    platform::HttpRequest request) {
+base::Task<base::Result<std::string>> UnreliableSession::get(net::HttpRequest request) {
     static const std::array<std::string, 6> kBroken{"",
                                                     "<html>errore</html>",
                                                     R"({"results":[{"name":1},null]})",
@@ -60,7 +59,7 @@ platform::Task<platform::Result<std::string>> UnreliableSession::get(
     }
     switch (below(6)) {
         case 0:
-            co_return platform::Failure({"Transport", 1, "the cable was bitten through"});
+            co_return base::Failure({"Transport", 1, "the cable was bitten through"});
         case 1:
             co_return kBroken[static_cast<std::size_t>(below(kBroken.size()))];
         default:

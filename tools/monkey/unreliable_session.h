@@ -4,18 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "platform/http_session.h"
+#include "net/http_session.h"
 
 namespace kalvo::monkey {
 
 /// An HTTP session without a network: what it answers, and whether at once or a little later, is
 /// drawn from the random numbers of the run. Answers are good, broken, hostile or failures.
-class UnreliableSession final : public platform::HttpSession {
+class UnreliableSession final : public net::HttpSession {
  public:
     explicit UnreliableSession(std::mt19937_64& random) : random_(random) {}
 
-    [[nodiscard]] platform::Task<platform::Result<std::string>> get(
-        platform::HttpRequest request) override;
+    [[nodiscard]] base::Task<base::Result<std::string>> get(net::HttpRequest request) override;
 
     /// How many requests are under way.
     [[nodiscard]] int pending() const { return pending_; }

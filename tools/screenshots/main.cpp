@@ -7,19 +7,19 @@
 #include <QElapsedTimer>
 #include <QTextStream>
 
-#include "app/kalvo_tresk_app.h"
-#include "platform/qt/qt_pasteboard.h"
-#include "platform/qt/qt_workspace.h"
-#include "widgets/theme.h"
+#include "app/qt/kalvo_tresk_app.h"
+#include "base/qt/qt_clipboard.h"
+#include "base/qt/qt_url_opener.h"
+#include "ui/theme.h"
 
 namespace {
 
 using namespace kalvo;
 
-class NoNetwork final : public platform::HttpSession {
+class NoNetwork final : public net::HttpSession {
  public:
-    platform::Task<platform::Result<std::string>> get(platform::HttpRequest) override {
-        co_return platform::Failure({"Transport", 1, "no network for pictures"});
+    base::Task<base::Result<std::string>> get(net::HttpRequest) override {
+        co_return base::Failure({"Transport", 1, "no network for pictures"});
     }
 };
 
@@ -74,17 +74,17 @@ int main(int argc, char** argv) {
     desktop.setColor(QPalette::Window, options.isSet("dark") ? Qt::black : Qt::white);
     QApplication::setPalette(desktop);
 
-    const platform::Bundle& bundle = platform::Bundle::main();
-    widgets::Theme::apply(bundle);
+    const base::Bundle& bundle = base::Bundle::main();
+    ui::Theme::apply(bundle);
     NoNetwork network;
-    platform::Diagnostics& diagnostics = platform::Diagnostics::standardOutput();
+    base::Diagnostics& diagnostics = base::Diagnostics::standardOutput();
     engine::LocationParser parser(bundle, diagnostics);
     online::MeteoblueScraper scraper(network, online::ServiceOrigins::publicServices(),
                                      diagnostics);
-    platform::QtPasteboard pasteboard;
-    platform::QtWorkspace workspace;
-    app::Kalvo_TreskApp kalvo({parser, scraper, pasteboard, diagnostics, bundle},
-                              platform::NotificationCenter::defaultCenter(), workspace);
+    base::QtClipboard clipboard;
+    base::QtUrlOpener urlOpener;
+    app::Kalvo_TreskApp kalvo({parser, scraper, clipboard, diagnostics, bundle},
+                              base::NotificationCenter::defaultCenter(), urlOpener);
     QMainWindow* window = kalvo.openWindow();
     const QStringList size = options.value("size").split('x');
     window->resize(size.value(0).toInt(), size.value(1).toInt());

@@ -4,35 +4,35 @@
 
 #include <unistd.h>
 
-#include "widgets/theme.h"
+#include "ui/theme.h"
 
 namespace kalvo::tools {
 
 namespace {
 
 /// The bundle, once the look that it brings has been applied.
-platform::Bundle dressed(platform::Bundle bundle) {
-    widgets::Theme::apply(bundle);
+base::Bundle dressed(base::Bundle bundle) {
+    ui::Theme::apply(bundle);
     return bundle;
 }
 
 }  // namespace
 
-platform::Task<platform::Result<std::string>> NoNetwork::get(platform::HttpRequest) {
-    co_return platform::Failure({"Transport", 1, "there is no network"});
+base::Task<base::Result<std::string>> NoNetwork::get(net::HttpRequest) {
+    co_return base::Failure({"Transport", 1, "there is no network"});
 }
 
-ToolApplication::ToolApplication(platform::HttpSession& session)
-    : bundle_(dressed(platform::Bundle(KALVO_SOURCE_DIR "/resources"))),
+ToolApplication::ToolApplication(net::HttpSession& session)
+    : bundle_(dressed(base::Bundle(KALVO_SOURCE_DIR "/resources"))),
       parser_(bundle_, diagnostics_),
       scraper_(session, online::ServiceOrigins::publicServices(), diagnostics_),
       application_({.parser = parser_,
                     .scraper = scraper_,
-                    .pasteboard = pasteboard_,
+                    .clipboard = clipboard_,
                     .diagnostics = diagnostics_,
                     .bundle = bundle_},
-                   platform::NotificationCenter::defaultCenter(),
-                   workspace_) {}
+                   base::NotificationCenter::defaultCenter(),
+                   urlOpener_) {}
 
 app::MainScreen& ToolApplication::openScreen() {
     return *qobject_cast<app::MainScreen*>(application_.openWindow()->centralWidget());

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "app/kalvo_tresk_app.h"
+#include "app/qt/kalvo_tresk_app.h"
+#include "base/qt/qt_clipboard.h"
+#include "net/http_session.h"
 #include "online/meteoblue_scraper.h"
-#include "platform/http_session.h"
-#include "platform/qt/qt_pasteboard.h"
 
 namespace kalvo::tools {
 
 /// A network that is not there, so that what a tool shows is the same everywhere.
-class NoNetwork final : public platform::HttpSession {
+class NoNetwork final : public net::HttpSession {
  public:
-    [[nodiscard]] platform::Task<platform::Result<std::string>> get(
-        platform::HttpRequest request) override;
+    [[nodiscard]] base::Task<base::Result<std::string>> get(net::HttpRequest request) override;
 };
 
 /// The application as a tool works it: with the look and the data it ships with, a network of the
@@ -19,7 +18,7 @@ class NoNetwork final : public platform::HttpSession {
 class ToolApplication {
  public:
     /// The session outlives the application.
-    explicit ToolApplication(platform::HttpSession& session);
+    explicit ToolApplication(net::HttpSession& session);
 
     [[nodiscard]] app::Kalvo_TreskApp& application() { return application_; }
     [[nodiscard]] engine::LocationParser& parser() { return parser_; }
@@ -27,19 +26,19 @@ class ToolApplication {
     app::MainScreen& openScreen();
 
  private:
-    class NoWorkspace final : public platform::Workspace {
+    class NoWorkspace final : public base::UrlOpener {
      public:
         bool open(std::string_view) override { return true; }
     };
-    class NoDiagnostics final : public platform::Diagnostics {
+    class NoDiagnostics final : public base::Diagnostics {
      public:
         void print(std::string_view) override {}
     };
 
-    platform::Bundle bundle_;
+    base::Bundle bundle_;
     NoDiagnostics diagnostics_;
-    NoWorkspace workspace_;
-    platform::QtPasteboard pasteboard_;
+    NoWorkspace urlOpener_;
+    base::QtClipboard clipboard_;
     engine::LocationParser parser_;
     online::MeteoblueScraper scraper_;
     app::Kalvo_TreskApp application_;

@@ -1,3 +1,0 @@
-#include "app/run_application.h"
-
-int main(int argc, char** argv) { return kalvo::app::runApplication(argc, argv); }

@@ -1,0 +1,115 @@
+#include "app/qt/kalvo_tresk_app.h"
+
+#include <algorithm>
+#include <array>
+
+#include <QAction>
+#include <QApplication>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+
+#include "app/branding.h"
+#include "app/qt/about_panel.h"
+#include "app/qt/application_icon.h"
+#include "ui/after_paint.h"
+
+namespace kalvo::app {
+
+namespace {
+
+struct MapItem {
+    const char* title;
+    const char* notification;
+};
+
+constexpr std::array kMapItems{MapItem{"Mappa &Regioni", "SelectTab0"},
+                               MapItem{"Mappa &Province", "SelectTab1"},
+                               MapItem{"Mappa del &Vento", "SelectTab2"}};
+
+/// The size at which everything has its place; where the screen is smaller, what it leaves.
+QSize initialSize(const QScreen* screen) {
+    constexpr QSize kPreferred(1320, 900);
+    constexpr int kTitleBar = 48;  // points that a window's frame may take
+    if (screen == nullptr) return kPreferred;
+    return kPreferred.boundedTo(screen->availableSize() - QSize(0, kTitleBar));
+}
+
+}  // namespace
+
+Kalvo_TreskApp::Kalvo_TreskApp(const Services& services,
+                               base::NotificationCenter& notifications,
+                               base::UrlOpener& urlOpener)
+    : services_(services), notifications_(notifications), urlOpener_(urlOpener) {
+    for (std::size_t tab = 0; tab < kMapItems.size(); ++tab) {
+        observations_.push_back(notifications_.observe(
+            kMapItems[tab].notification, [this, tab] { selectMap(static_cast<int>(tab)); }));
+    }
+}
+
+void Kalvo_TreskApp::showIcon() {
+    if (!QApplication::windowIcon().isNull()) return;
+    const QImage icon = loadApplicationIcon(services_.bundle);
+    if (!icon.isNull()) QApplication::setWindowIcon(QIcon(QPixmap::fromImage(icon)));
+}
+
+QMainWindow* Kalvo_TreskApp::openWindow() {
+    auto* window = new QMainWindow;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowTitle(QString::fromUtf8(kApplicationName));
+    auto* screen = new MainScreen(services_);
+    window->setCentralWidget(screen);
+    addMenus(*window, *screen);
+    window->setMinimumSize(900, 600);
+    window->resize(initialSize(window->screen()));
+    ui::afterNextPaint(*window, [this] { showIcon(); });
+    window->show();
+    return window;
+}
+
+void Kalvo_TreskApp::addMenus(QMainWindow& window, MainScreen& screen) {
+    addApplicationMenu(window, screen);
+    addMapMenu(window);
+    addPrivacyMenu(window);
+    auto* information = new QShortcut(QKeySequence(Qt::Key_F1), &window);
+    connect(information, &QShortcut::activated, &screen, &MainScreen::showInformation);
+}
+
+void Kalvo_TreskApp::addApplicationMenu(QMainWindow& window, MainScreen& screen) {
+    QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Kalvo Tresk"));
+    menu->addAction(QStringLiteral("&Informazioni su Kalvo Wind && Solar"), &window,
+                    [&window] { (new AboutPanel(&window))->open(); });
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("&Nuova finestra"), QKeySequence(Qt::CTRL | Qt::Key_N), this,
+                    [this] { openWindow(); });
+    menu->addAction(QStringLiteral("&Cerca località"), QKeySequence(Qt::CTRL | Qt::Key_F), &screen,
+                    &MainScreen::focusSearchField);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("C&hiudi finestra"), QKeySequence(Qt::CTRL | Qt::Key_W), &window,
+                    &QWidget::close);
+    menu->addAction(QStringLiteral("&Esci"), QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
+                    &QApplication::closeAllWindows);
+}
+
+void Kalvo_TreskApp::addMapMenu(QMainWindow& window) {
+    QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Visualizza && Mappe"));
+    int key = Qt::Key_1;
+    for (const MapItem& item : kMapItems) {
+        menu->addAction(QString::fromUtf8(item.title), QKeySequence(Qt::CTRL | key++), this,
+                        [this, item] { notifications_.post(item.notification); });
+    }
+}
+
+void Kalvo_TreskApp::addPrivacyMenu(QMainWindow& window) {
+    QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Privacy && Info"));
+    menu->addAction(QStringLiteral("&Visita il sito web di Kalvo"), this,
+                    [this] { urlOpener_.open(kWebAddress); });
+}
+
+void Kalvo_TreskApp::selectMap(int tab) {
+    const auto* window = qobject_cast<QMainWindow*>(QApplication::activeWindow());
+    if (window == nullptr) return;
+    if (auto* screen = qobject_cast<MainScreen*>(window->centralWidget())) screen->selectMap(tab);
+}
+
+}  // namespace kalvo::app

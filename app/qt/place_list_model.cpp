@@ -1,0 +1,28 @@
+#include "app/qt/place_list_model.h"
+
+#include <algorithm>
+
+namespace kalvo::app {
+
+void PlaceListModel::setNames(const std::vector<std::string>& names) {
+    if (names == names_) return;
+    beginResetModel();
+    names_ = names;
+    endResetModel();
+}
+
+int PlaceListModel::rowOf(const std::string& name) const {
+    const auto found = std::find(names_.begin(), names_.end(), name);
+    return found == names_.end() ? -1 : static_cast<int>(found - names_.begin());
+}
+
+int PlaceListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(names_.size());
+}
+
+QVariant PlaceListModel::data(const QModelIndex& index, int role) const {
+    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
+    return QString::fromStdString(name(index.row()));
+}
+
+}  // namespace kalvo::app

@@ -1,0 +1,126 @@
+#include "app/qt/result_widget.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "ui/divider.h"
+#include "ui/icons.h"
+#include "ui/spinner.h"
+#include "ui/theme.h"
+#include "ui/tinted_label.h"
+
+namespace kalvo::app {
+
+namespace {
+
+using ui::FontStyle;
+using ui::FontWeight;
+using ui::TextRole;
+
+constexpr int kDetailLines = 2;
+constexpr int kResultLines = 3;
+
+QVBoxLayout* makeColumn(QWidget* page, int spacing) {
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(spacing);
+    return column;
+}
+
+/// Keeps room for so many lines, so that what stands below stays where it is when the text comes.
+void reserveLines(QLabel& label, int lines) {
+    label.setMinimumHeight(lines * label.fontMetrics().lineSpacing() + 2 * label.margin());
+}
+
+/// No line ends within a figure and its unit.
+QString withNonBreakingUnits(QString text) {
+    return text.replace(QStringLiteral(" kWh/anno"), QStringLiteral("\u00a0kWh/\u2060anno"));
+}
+
+void showText(QLabel& label, const std::string& text) {
+    const QString read = QString::fromStdString(text);
+    if (label.accessibleName() == read) return;
+    label.setText(withNonBreakingUnits(read));
+    label.setAccessibleName(read);
+    QAccessibleEvent announcement(&label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+}  // namespace
+
+ResultWidget::ResultWidget(QWidget* parent)
+    : QWidget(parent), pages_(new QStackedWidget), texts_(makeTexts()), progress_(makeProgress()) {
+    pages_->addWidget(texts_);
+    pages_->addWidget(progress_);
+    QVBoxLayout* column = makeColumn(this, 8);
+    column->addWidget(ui::makeLabel(QStringLiteral("Risultato Calcolo"), FontStyle::kHeadline));
+    column->addWidget(pages_);
+    column->addLayout(makeButtons());
+}
+
+QWidget* ResultWidget::makeTexts() {
+    const ui::Theme& theme = ui::Theme::current();
+    auto* page = new QWidget;
+    QVBoxLayout* column = makeColumn(page, 6);
+    details_ =
+        ui::makeLabel(QString(), FontStyle::kCaption, FontWeight::kRegular, TextRole::kSecondary);
+    details_->setWordWrap(true);
+    result_ = new ui::TintedLabel(ui::font(FontStyle::kBody, FontWeight::kBold), theme.windBox);
+    solarResult_ =
+        new ui::TintedLabel(ui::font(FontStyle::kSubheadline, FontWeight::kBold), theme.solarBox);
+    reserveLines(*details_, kDetailLines);
+    reserveLines(*result_, kResultLines);
+    reserveLines(*solarResult_, kResultLines);
+    column->addWidget(details_);
+    column->addWidget(result_);
+    column->addWidget(new ui::Divider);
+    column->addWidget(ui::makeLabel(QStringLiteral("Stima Solare FTV"), FontStyle::kCaption,
+                                    FontWeight::kBold, TextRole::kOrange));
+    column->addWidget(solarResult_);
+    return page;
+}
+
+QWidget* ResultWidget::makeProgress() {
+    const QString text = QStringLiteral("Scaricamento dati Meteoblue...");
+    auto* page = new QWidget;
+    QVBoxLayout* column = makeColumn(page, 0);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    column->addLayout(row);
+    column->addStretch();
+    row->addWidget(new ui::Spinner(text));
+    row->addWidget(
+        ui::makeLabel(text, FontStyle::kCaption, FontWeight::kRegular, TextRole::kOrange));
+    row->addStretch();
+    return page;
+}
+
+QLayout* ResultWidget::makeButtons() const {
+    auto* copy = new QPushButton(ui::symbolIcon(QStringLiteral("doc.on.doc")),
+                                 QStringLiteral("Copia &Risultato"));
+    auto* calculate =
+        new QPushButton(ui::symbolIcon(QStringLiteral("equal.circle")), QStringLiteral("C&alcola"));
+    calculate->setProperty("prominent", true);
+    auto* information = new QPushButton(ui::symbolIcon(QStringLiteral("info.circle")), QString());
+    information->setAccessibleName(QStringLiteral("Informazioni"));
+    information->setToolTip(QStringLiteral("Informazioni (F1)"));
+    connect(copy, &QPushButton::clicked, this, &ResultWidget::copyRequested);
+    connect(calculate, &QPushButton::clicked, this, &ResultWidget::calculationRequested);
+    connect(information, &QPushButton::clicked, this, &ResultWidget::informationRequested);
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    for (QPushButton* button : {copy, calculate, information}) row->addWidget(button);
+    row->addStretch();
+    return row;
+}
+
+void ResultWidget::showState(const ContentView& state) {
+    pages_->setCurrentWidget(state.isFetchingOnline ? progress_ : texts_);
+    showText(*details_, state.detailsText);
+    showText(*result_, state.resultText);
+    showText(*solarResult_, state.pvResultText);
+}
+
+}  // namespace kalvo::app

@@ -1,0 +1,144 @@
+#include "charts/qt/chart_widget.h"
+
+#include <algorithm>
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include "graphics/qt/qt_canvas.h"
+#include "ui/paint.h"
+
+namespace kalvo::charts {
+
+namespace {
+
+/// Half of the border's line. It lies outside the chart, and it puts the lines of a chart that is
+/// a whole number of points tall in the middle of the display's rows.
+constexpr double kMargin = 0.5;
+
+constexpr double kFocusRadius = 6;
+
+/// Screen readers pass over a widget without a role of its own.
+QAccessibleInterface* graphicInterface(const QString& className, QObject* object) {
+    if (className != QLatin1String(ChartWidget::staticMetaObject.className())) return nullptr;
+    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Graphic);
+}
+
+void installGraphicInterface() {
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(graphicInterface);
+        return true;
+    }();
+}
+
+QString summaryOf(const Chart& chart) {
+    return QString::fromStdString(
+        std::visit([](const auto& view) { return view.summary(); }, chart));
+}
+
+}  // namespace
+
+ChartWidget::ChartWidget(const QString& name, Chart chart, QWidget* parent)
+    : QWidget(parent), chart_(std::move(chart)) {
+    installGraphicInterface();
+    setAccessibleName(name);
+    setAccessibleDescription(summaryOf(chart_));
+    setMouseTracking(true);
+    // So that a screen reader comes by, and the picture can be copied from the keyboard.
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void ChartWidget::setChart(Chart chart) {
+    if (chart == chart_) return;
+    chart_ = std::move(chart);
+    setAccessibleDescription(summaryOf(chart_));
+    update();
+}
+
+void ChartWidget::setChartHeight(int height) {
+    setFixedHeight(height + static_cast<int>(2 * kMargin));
+}
+
+graphics::Size ChartWidget::chartSize() const {
+    return {width() - 2 * kMargin, height() - 2 * kMargin};
+}
+
+void ChartWidget::paint(QPainter& painter) const {
+    painter.translate(kMargin, kMargin);
+    graphics::QtCanvas canvas(painter, chartSize());
+    std::visit([&](const auto& view) { view.draw(canvas, chartSize()); }, chart_);
+}
+
+void ChartWidget::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.save();
+    paint(painter);
+    painter.restore();
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        ui::paintFocusRing(painter, rect(), kFocusRadius);
+    }
+}
+
+QString ChartWidget::textAt(const QPointF& position) const {
+    const graphics::Point point{position.x() - kMargin, position.y() - kMargin};
+    return std::visit(
+        [&](const auto& view) {
+            const auto hit = view.hitTest(point, chartSize());
+            return hit ? QString::fromStdString(view.describe(*hit)) : QString();
+        },
+        chart_);
+}
+
+QImage ChartWidget::picture(double scale) const {
+    QImage image((QSizeF(size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setFont(font());
+    paint(painter);
+    return image;
+}
+
+void ChartWidget::showTip(const QPointF& position) {
+    const QString text = textAt(position);
+    // "< 2 km/h" would be taken for markup.
+    QToolTip::showText(
+        mapToGlobal(position).toPoint(),
+        text.isEmpty()
+            ? text
+            : QStringLiteral("<div style='white-space:pre'>%1</div>").arg(text.toHtmlEscaped()),
+        this);
+}
+
+bool ChartWidget::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        showTip(dynamic_cast<const QHelpEvent&>(*event).pos());
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void ChartWidget::mouseMoveEvent(QMouseEvent* event) { showTip(event->position()); }
+
+void ChartWidget::leaveEvent(QEvent* /*event*/) { QToolTip::hideText(); }
+
+void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(QStringLiteral("Copia immagine"), this, [this] {
+        // At least twice the size, so that the picture stays sharp where it is pasted.
+        QGuiApplication::clipboard()->setImage(picture(std::max(2.0, devicePixelRatioF())));
+    });
+    menu->popup(event->globalPos());
+}
+
+}  // namespace kalvo::charts

@@ -1,0 +1,204 @@
+#include "charts/qt/wind_grid_widget.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "engine/calculation_engine.h"
+#include "engine/wind_range.h"
+#include "ui/paint.h"
+#include "ui/theme.h"
+
+namespace kalvo::charts {
+
+namespace {
+
+using engine::CalculationEngine;
+using engine::WindRange;
+using ui::FontStyle;
+using ui::FontWeight;
+using ui::Theme;
+
+constexpr int kRows = static_cast<int>(WindRange::kCount);
+constexpr int kColumns = 13;
+constexpr int kColumnGap = 12;
+constexpr int kRowGap = 6;
+constexpr int kRule = 1;
+constexpr int kDot = 8;
+constexpr int kDotGap = 8;
+/// Room for the focus ring before and after a cell's text, out of the gap between columns.
+constexpr int kInset = WindGridWidget::kInset;
+
+int advance(const QFontMetricsF& metrics, const QString& text) {
+    return static_cast<int>(std::ceil(metrics.horizontalAdvance(text)));
+}
+
+int lineHeight(const QFont& font) { return QFontMetrics(font).height(); }
+
+/// Month names over a rule, without the bevels of a header that can be clicked.
+class Header final : public QHeaderView {
+ public:
+    explicit Header(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+        setFont(ui::font(FontStyle::kCaption, FontWeight::kBold));
+        setSectionResizeMode(QHeaderView::Fixed);
+        setMinimumSectionSize(1);
+        setHighlightSections(false);
+        viewport()->setAutoFillBackground(false);
+    }
+
+    /// The gap above the first row is half within the row.
+    [[nodiscard]] QSize sizeHint() const override {
+        return {length(), lineHeight(font()) + kRowGap + kRule + kRowGap / 2};
+    }
+
+ protected:
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+        painter->setFont(font());
+        painter->setPen(Theme::current().text);
+        painter->drawText(rect.adjusted(kInset, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop,
+                          model()->headerData(section, Qt::Horizontal).toString());
+        const int left = rect.left() + (section == 0 ? kInset : 0);
+        const int right = rect.right() + 1 - (section + 1 == count() ? kInset : 0);
+        painter->fillRect(QRect(left, lineHeight(font()) + kRowGap, right - left, kRule),
+                          Theme::current().divider);
+    }
+};
+
+/// Cells whose text begins at their left edge, after the class's dot in the first column.
+class CellDelegate final : public QStyledItemDelegate {
+ public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter,
+               const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        QRect rect = option.rect.adjusted(kInset, 0, 0, 0);
+        const QVariant color = index.data(Qt::DecorationRole);
+        if (color.isValid()) {
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(color.value<QColor>());
+            painter->drawEllipse(
+                QRectF(rect.left(), rect.center().y() + 0.5 - kDot / 2.0, kDot, kDot));
+            rect.setLeft(rect.left() + kDot + kDotGap);
+        }
+        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
+        painter->drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
+        painter->restore();
+        const QStyle::State focused = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+        if ((option.state & focused) == focused) {
+            const bool isLast = index.column() + 1 == index.model()->columnCount();
+            const int after = isLast ? 0 : kColumnGap - 2 * kInset;
+            ui::paintFocusRing(*painter, option.rect.adjusted(0, 1, -after, -1), 4);
+        }
+    }
+};
+
+}  // namespace
+
+WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
+    setAccessibleName(QStringLiteral("Distribuzione Vento (Giorni/Mese)"));
+    setFrameShape(QFrame::NoFrame);
+    setFont(ui::font(FontStyle::kCaption2));
+    setPaper();
+    setShowGrid(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(NoSelection);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    setItemDelegate(new CellDelegate(this));
+
+    // Before there are rows and columns, which the headers that a table begins with would measure
+    // in bold fonts that nothing shows.
+    setHorizontalHeader(new Header(this));
+    verticalHeader()->hide();
+    setRowCount(kRows);
+    setColumnCount(kColumns);
+    QStringList header(QString::fromUtf8(WindTableView::kCorner));
+    for (const std::string_view month : CalculationEngine::months)
+        header << QString::fromUtf8(month);
+    setHorizontalHeaderLabels(header);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(lineHeight(font()) + kRowGap);
+
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+
+    for (int row = 0; row < kRows; ++row) {
+        for (int column = 0; column < kColumns; ++column)
+            setItem(row, column, new QTableWidgetItem);
+        const auto windClass = static_cast<std::size_t>(row);
+        const graphics::Color& color = WindRange::colors[windClass];
+        item(row, 0)->setText(QString::fromUtf8(WindRange::labels[windClass]));
+        item(row, 0)->setForeground(Theme::current().text);
+        item(row, 0)->setData(Qt::DecorationRole, QColor::fromRgbF(static_cast<float>(color.red),
+                                                                   static_cast<float>(color.green),
+                                                                   static_cast<float>(color.blue)));
+    }
+}
+
+void WindGridWidget::setPaper() {
+    // Scroll bars need an opaque paper: the tint over the window.
+    const QColor& tint = Theme::current().tablePaper;
+    const QColor& window = Theme::current().window;
+    const auto mixed = [&](float tinted, float plain) {
+        return plain + (tinted - plain) * tint.alphaF();
+    };
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, QColor::fromRgbF(mixed(tint.redF(), window.redF()),
+                                                     mixed(tint.greenF(), window.greenF()),
+                                                     mixed(tint.blueF(), window.blueF())));
+    setPalette(colors);
+    viewport()->setAutoFillBackground(false);
+}
+
+void WindGridWidget::setTable(const WindTableView& table) {
+    for (int row = 0; row < kRows; ++row) {
+        for (int column = 1; column < kColumns; ++column) {
+            const std::int64_t days =
+                table.days(static_cast<std::size_t>(row), static_cast<std::size_t>(column - 1));
+            item(row, column)->setText(QString::number(days));
+            item(row, column)
+                ->setForeground(days == 0 ? Theme::current().tertiaryText : Theme::current().text);
+        }
+    }
+    fitColumns();
+}
+
+void WindGridWidget::fitColumns() {
+    const QFontMetricsF header(horizontalHeader()->font());
+    const QFontMetricsF cells(font());
+    for (int column = 0; column < kColumns; ++column) {
+        int width = advance(header, horizontalHeaderItem(column)->text());
+        for (int row = 0; row < kRows; ++row) {
+            const int dot = column == 0 ? kDot + kDotGap : 0;
+            width = std::max(width, dot + advance(cells, item(row, column)->text()));
+        }
+        setColumnWidth(column, width + (column + 1 < kColumns ? kColumnGap : 2 * kInset));
+    }
+    updateGeometry();
+}
+
+QSize WindGridWidget::contentSize() const {
+    return {horizontalHeader()->length(),
+            horizontalHeader()->sizeHint().height() + verticalHeader()->length()};
+}
+
+QSize WindGridWidget::sizeHint() const { return contentSize(); }
+
+QSize WindGridWidget::minimumSizeHint() const { return {columnWidth(0), contentSize().height()}; }
+
+int WindGridWidget::heightForWidth(int width) const {
+    const bool scrolls = width < contentSize().width();
+    return contentSize().height() + (scrolls ? horizontalScrollBar()->sizeHint().height() : 0);
+}
+
+}  // namespace kalvo::charts

@@ -1,0 +1,24 @@
+#include "geo/coordinate_text.h"
+
+#include <cmath>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace kalvo::geo {
+
+namespace {
+
+std::string degreesText(double degrees, std::string_view positive, std::string_view negative) {
+    std::string number = fmt::format("{:.1f}", std::abs(degrees));
+    if (const auto point = number.find('.'); point != std::string::npos) number[point] = ',';
+    return fmt::format("{}° {}", number, degrees < 0 ? negative : positive);
+}
+
+}  // namespace
+
+std::string coordinateText(double lat, double lon) {
+    return fmt::format("{}, {}", degreesText(lat, "nord", "sud"), degreesText(lon, "est", "ovest"));
+}
+
+}  // namespace kalvo::geo

@@ -1,0 +1,293 @@
+#include "geo/qt/globe_widget.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTimer>
+#include <QTimerEvent>
+
+#include "geo/coordinate_text.h"
+#include "geo/globe_gestures.h"
+#include "geo/globe_projection.h"
+#include "graphics/qt/qt_canvas.h"
+
+namespace kalvo::geo {
+
+namespace {
+
+constexpr double kArrowTurn = toRadians(5);
+
+GlobeView::Time now() { return std::chrono::steady_clock::now(); }
+
+graphics::Point pointOf(const QMouseEvent& event) {
+    return {event.position().x(), event.position().y()};
+}
+
+graphics::Size textSize(const QWidget& widget,
+                        std::string_view text,
+                        const graphics::TextStyle& style) {
+    const QFontMetricsF metrics(graphics::canvasFont(widget.font(), style), &widget);
+    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return {metrics.horizontalAdvance(line), metrics.height()};
+}
+
+}  // namespace
+
+GlobeWidget::GlobeWidget(CountryRings countryRings, QWidget* parent)
+    : QWidget(parent),
+      countryRings_(std::move(countryRings)),
+      view_{.centerLat = 0,
+            .centerLon = 0,
+            .targetLat = {},
+            .targetLon = {},
+            .targetName = {},
+            .highlightedCountry = {},
+            .onGlobeTap = [this](double lat, double lon) {
+                if (onGlobeTap) onGlobeTap(lat, lon);
+            }} {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::OpenHandCursor);
+    setAccessibleName(QStringLiteral("Globo terrestre"));
+    describe();
+    measureTexts();
+}
+
+void GlobeWidget::setCenter(double lat, double lon) {
+    if (lat == view_.centerLat && lon == view_.centerLon) return;
+    view_.centerLat = lat;
+    view_.centerLon = lon;
+    update();
+}
+
+void GlobeWidget::setTarget(std::optional<double> lat,
+                            std::optional<double> lon,
+                            const std::optional<std::string>& name) {
+    if (lat == view_.targetLat && lon == view_.targetLon && name == view_.targetName) return;
+    view_.targetLat = lat;
+    view_.targetLon = lon;
+    view_.targetName = name;
+    describe();
+    measureTexts();
+    update();
+}
+
+QSize GlobeWidget::sizeHint() const { return {640, 400}; }
+
+void GlobeWidget::describe() {
+    QString target = QStringLiteral("Nessun luogo segnato.");
+    if (view_.targetLat && view_.targetLon) {
+        const QString name = view_.targetName
+                                 ? QString::fromStdString(*view_.targetName) + QStringLiteral(", ")
+                                 : "";
+        const std::string place = coordinateText(*view_.targetLat, *view_.targetLon);
+        target = QStringLiteral("Luogo segnato: %1%2.").arg(name, QString::fromStdString(place));
+    }
+    setAccessibleDescription(
+        target + QStringLiteral(" Frecce per ruotare, Invio per selezionare il centro, Spazio per "
+                                "fermare o riprendere la rotazione."));
+}
+
+graphics::Size GlobeWidget::viewSize() const {
+    return {static_cast<double>(width()), static_cast<double>(height())};
+}
+
+void GlobeWidget::makeScene() {
+    const std::vector<engine::CountryRing>& rings = countryRings_();
+    hasCountries_ = !rings.empty();
+    scene_ = GlobeScene::make(rings);
+    ground_.key.reset();
+    update();
+}
+
+void GlobeWidget::measureTexts() {
+    hintSize_ = textSize(*this, kGlobeHint, globeHintStyle());
+    labelSize_ =
+        view_.targetName ? textSize(*this, *view_.targetName, globeLabelStyle()) : graphics::Size{};
+}
+
+QRect GlobeWidget::discBounds() const {
+    constexpr double kRim = 2;  // half the rim's line, and the pixel in which it fades
+    const GlobeProjection projection(0, 0, viewSize());
+    const double reach = projection.radius() + kRim;
+    return QRectF(projection.middle().x - reach, projection.middle().y - reach, 2 * reach,
+                  2 * reach)
+        .toAlignedRect();
+}
+
+QRect GlobeWidget::dirtyRect() const {
+    if (!view_.targetLat || !view_.targetLon) return discBounds();
+    // The marker and its label stick out when they are near the rim.
+    constexpr int kRing = 10;
+    const int side = std::max(kRing, static_cast<int>(labelSize_.width / 2) + 2);
+    const int above = std::max(kRing, static_cast<int>(16 + labelSize_.height / 2) + 2);
+    return discBounds().adjusted(-side, -above, side, kRing);
+}
+
+void GlobeWidget::keepBackground(double scale) {
+    const Ground::Key key{viewSize(), scale, view_.centerLat};
+    if (ground_.key == key) return;
+    const QRectF square(discBounds());
+    const QRect pixels = QRectF(square.topLeft() * scale, square.size() * scale).toAlignedRect();
+    if (ground_.picture.size() != pixels.size()) {
+        ground_.picture = QImage(pixels.size(), QImage::Format_RGB32);
+    }
+    ground_.key = key;
+    ground_.picture.setDevicePixelRatio(scale);
+    ground_.topLeft = QPointF(pixels.topLeft()) / scale;
+    QPainter painter(&ground_.picture);
+    painter.translate(-ground_.topLeft);
+    graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
+    canvas.fillRect({0, 0, viewSize().width, viewSize().height}, globeBackgroundColor());
+    view_.drawBackground(canvas, viewSize(), scene_);
+}
+
+void GlobeWidget::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    keepBackground(painter.deviceTransform().m11());
+    graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
+    if (const QRect area = event->rect(); !discBounds().contains(area)) {
+        canvas.fillRect(
+            {double(area.x()), double(area.y()), double(area.width()), double(area.height())},
+            globeBackgroundColor());
+    }
+    painter.drawImage(ground_.topLeft, ground_.picture);
+    view_.drawTurning(canvas, viewSize(), scene_);
+    const graphics::Rect hint = globeHintBox(hintSize_);
+    if (QRectF(hint.x, hint.y, hint.width, hint.height).intersects(event->rect())) {
+        drawGlobeHint(canvas, hintSize_);
+    }
+    if (hasFocusRing_) {
+        canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
+                                 {graphics::Color::hex("#4fcb91"), 1.6});
+    }
+    if (std::exchange(sceneDirty_, false)) {
+        QTimer::singleShot(0, this, [this] { makeScene(); });
+    }
+}
+
+void GlobeWidget::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) measureTexts();
+    QWidget::changeEvent(event);
+}
+
+void GlobeWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != timer_.timerId()) return;
+    const double before = view_.centerLon;
+    tick(view_, now());
+    if (view_.centerLon != before) centerMoved();
+}
+
+void GlobeWidget::showEvent(QShowEvent* event) {
+    // A globe that comes back from another page is a new one; one that comes back from the task
+    // bar goes on as it was.
+    if (!event->spontaneous()) {
+        view_.isAutoRotating = true;
+        view_.lastDragTime = now();
+        sceneDirty_ = !hasCountries_;
+    }
+    runTimer();
+}
+
+void GlobeWidget::runTimer() {
+    if (view_.isPaused) {
+        timer_.stop();
+    } else {
+        timer_.start(kGlobeTick.count(), Qt::PreciseTimer, this);
+    }
+}
+
+void GlobeWidget::hideEvent(QHideEvent*) { timer_.stop(); }
+
+void GlobeWidget::press(const QMouseEvent& event, DragRecognizer::Press kind) {
+    if (event.button() == Qt::LeftButton) pointer_.press(pointOf(event), now(), kind);
+}
+
+void GlobeWidget::mousePressEvent(QMouseEvent* event) {
+    setFocusRing(false);
+    press(*event, DragRecognizer::Press::kFirst);
+}
+
+void GlobeWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    press(*event, DragRecognizer::Press::kRepeated);
+}
+
+void GlobeWidget::mouseMoveEvent(QMouseEvent* event) {
+    // The release of a press may have gone elsewhere.
+    if (!(event->buttons() & Qt::LeftButton)) return;
+    const auto time = now();
+    const auto drag = pointer_.move(pointOf(*event), time);
+    if (!drag) return;
+    setCursor(Qt::ClosedHandCursor);
+    dragChanged(view_, *drag, time);
+    centerMoved();
+}
+
+void GlobeWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    setCursor(Qt::OpenHandCursor);
+    if (pointer_.release()) tap(view_, pointOf(*event), viewSize());
+}
+
+void GlobeWidget::keyPressEvent(QKeyEvent* event) {
+    const auto turnBy = [this](double lat, double lon) {
+        turn(view_, lat, lon, now());
+        centerMoved();
+    };
+    switch (event->key()) {
+        case Qt::Key_Left:
+            turnBy(0, -kArrowTurn);
+            break;
+        case Qt::Key_Right:
+            turnBy(0, kArrowTurn);
+            break;
+        case Qt::Key_Up:
+            turnBy(kArrowTurn, 0);
+            break;
+        case Qt::Key_Down:
+            turnBy(-kArrowTurn, 0);
+            break;
+        case Qt::Key_Space:
+            togglePause(view_);
+            runTimer();
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            tap(view_, {viewSize().width / 2, viewSize().height / 2}, viewSize());
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+            return;
+    }
+    setFocusRing(true);
+}
+
+void GlobeWidget::focusInEvent(QFocusEvent* event) {
+    setFocusRing(event->reason() == Qt::TabFocusReason ||
+                 event->reason() == Qt::BacktabFocusReason ||
+                 (event->reason() == Qt::ActiveWindowFocusReason && ringAwaitsWindow_));
+}
+
+void GlobeWidget::focusOutEvent(QFocusEvent* event) {
+    // A window that becomes active again goes on where it was left.
+    ringAwaitsWindow_ = event->reason() == Qt::ActiveWindowFocusReason && hasFocusRing_;
+    setFocusRing(false);
+}
+
+void GlobeWidget::centerMoved() {
+    if (onCenterChanged) onCenterChanged(view_.centerLat, view_.centerLon);
+    update(dirtyRect());
+}
+
+void GlobeWidget::setFocusRing(bool shown) {
+    if (hasFocusRing_ == shown) return;
+    hasFocusRing_ = shown;
+    update();
+}
+
+}  // namespace kalvo::geo

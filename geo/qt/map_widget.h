@@ -1,0 +1,74 @@
+#pragma once
+
+#include <optional>
+
+#include <QPixmap>
+#include <QWidget>
+
+#include "geo/map_scene.h"
+#include "geo/map_view.h"
+
+class QHelpEvent;
+class QNativeGestureEvent;
+class QTouchEvent;
+
+namespace kalvo::geo {
+
+/// Shows a `MapView`: zoomed with the wheel, by pinching and with + and -, moved by dragging and
+/// with the arrow keys, seen as a whole again with Home or a double click. A resting pointer is
+/// told what it is on. The finished picture is kept: a map that has not changed is only copied to
+/// the screen, and one that moves is drawn only where it comes into sight.
+class MapWidget final : public QWidget {
+ public:
+    explicit MapWidget(QWidget* parent = nullptr);
+
+    /// What to show, apart from zoom and pan: those stay as the user left them, except that
+    /// another type of map starts with the whole of it. Nothing happens when nothing changes.
+    void setView(const MapView& view);
+
+    [[nodiscard]] const MapView& view() const { return view_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    [[nodiscard]] graphics::Size viewSize() const;
+    [[nodiscard]] const MapScene& scene();
+    /// How far the picture has to be moved, in device pixels, if that is all it needs.
+    [[nodiscard]] std::optional<QPoint> pictureShift() const;
+    /// Brings the kept picture up to date, drawing as little of it as possible.
+    void updatePicture();
+    void drawPicture();
+    void drawPart(QPainter& painter, const MapScene& scene, const QRectF& part) const;
+    void invalidatePicture();
+    /// Lets `gesture` change zoom and pan, and shows the map anew if it did.
+    template <class Gesture>
+    void apply(Gesture gesture);
+    void describe();
+    void showWholeMap();
+    void showToolTip(const QHelpEvent& event);
+    bool pinch(const QNativeGestureEvent& event);
+    void touch(const QTouchEvent& event);
+
+    MapView view_;
+    std::optional<MapScene> scene_;
+    QPixmap picture_;
+    std::optional<MapGestures>
+        cachedGestures_;  // the zoom and pan that the picture shows, if it does
+    double nativeMagnification_ = 1;
+    QPointF pressedAt_;
+};
+
+}  // namespace kalvo::geo

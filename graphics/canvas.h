@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "graphics/color.h"
+#include "graphics/geometry.h"
+
+namespace kalvo::graphics {
+
+/// A run of points joined by straight segments; a closed one returns to its first point.
+struct Polyline {
+    std::vector<Point> points;
+    bool closed;
+    friend bool operator==(const Polyline&, const Polyline&) = default;
+};
+
+/// One or more polylines that are filled or stroked together (non-zero winding).
+struct Path {
+    std::vector<Polyline> polylines;
+    friend bool operator==(const Path&, const Path&) = default;
+};
+
+/// How a line is drawn: butt caps, miter joins (limit 10). `dash` holds the lengths of dashes and
+/// gaps in turn, in points; empty for a solid line.
+struct Stroke {
+    Color color;
+    double width;  // points
+    std::vector<double> dash{};
+    friend bool operator==(const Stroke&, const Stroke&) = default;
+};
+
+/// A slice of a disc: from the center along `startBearing`, along the arc to `endBearing`, and
+/// back. Bearings are compass degrees, clockwise from north (up).
+struct Wedge {
+    Point center;
+    double radius;        // points
+    double startBearing;  // degrees
+    double endBearing;    // degrees, not smaller than startBearing
+    friend bool operator==(const Wedge&, const Wedge&) = default;
+};
+
+/// The application's sans-serif at a size in points; `bold` is drawn semibold.
+struct TextStyle {
+    double size;
+    bool bold;
+    Color color;
+    friend bool operator==(const TextStyle&, const TextStyle&) = default;
+};
+
+/// Many open lines in flat storage: line i holds the points from starts[i] up to starts[i + 1]
+/// (the last one up to the end). Reused from frame to frame without allocating.
+struct LineBatch {
+    std::vector<Point> points;
+    std::vector<std::size_t> starts;
+
+    void clear() {
+        points.clear();
+        starts.clear();
+    }
+    friend bool operator==(const LineBatch&, const LineBatch&) = default;
+};
+
+/// A surface to draw on, all coordinates in points. Drawings are antialiased. Geometry may lie
+/// anywhere: an implementation keeps what lies far outside the surface from costing time.
+/// `save` and `restore` bracket a change of translation, scale and clip.
+class Canvas {
+ public:
+    virtual ~Canvas() = default;
+
+    virtual void fillPath(const Path& path, const Color& color) = 0;
+    virtual void strokePath(const Path& path, const Stroke& stroke) = 0;
+    /// Strokes every line of the batch, thin and solid, in one call.
+    virtual void strokeLines(const LineBatch& lines, const Color& color, double width) = 0;
+    virtual void fillRect(const Rect& rect, const Color& color) = 0;
+    virtual void fillRoundedRect(const Rect& rect, double radius, const Color& color) = 0;
+    virtual void strokeRoundedRect(const Rect& rect, double radius, const Stroke& stroke) = 0;
+    virtual void fillCircle(Point center, double radius, const Color& color) = 0;
+    virtual void strokeCircle(Point center, double radius, const Stroke& stroke) = 0;
+    virtual void fillWedge(const Wedge& wedge, const Color& color) = 0;
+    /// Draws one line of UTF-8 text whose box is centerd on `center`.
+    virtual void drawText(std::string_view text, Point center, const TextStyle& style) = 0;
+
+    virtual void save() = 0;
+    virtual void restore() = 0;
+    virtual void translate(double dx, double dy) = 0;
+    virtual void scale(double factor) = 0;
+    virtual void clipRoundedRect(const Rect& rect, double radius) = 0;
+};
+
+}  // namespace kalvo::graphics

@@ -1,0 +1,215 @@
+#include "graphics/qt/qt_canvas.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainterPath>
+
+#include "graphics/qt/clipping.h"
+#include "graphics/qt/stroker.h"
+
+namespace kalvo::graphics {
+
+namespace {
+
+QColor qtColor(const Color& color) {
+    const auto component = [](double value) {
+        return static_cast<float>(std::clamp(value, 0.0, 1.0));
+    };
+    return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue),
+                            component(color.opacity));
+}
+
+QRectF qtRect(const Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
+QPointF qtPoint(Point point) { return {point.x, point.y}; }
+
+QPen qtPen(const Stroke& stroke) {
+    QPen pen(qtColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    pen.setMiterLimit(10);
+    if (!stroke.dash.empty()) {
+        // Qt counts dashes in pen widths.
+        QList<qreal> pattern;
+        for (const double length : stroke.dash) pattern << length / stroke.width;
+        pen.setDashPattern(pattern);
+    }
+    return pen;
+}
+
+bool isNumber(const Rect& rect) {
+    return !std::isnan(rect.x) && !std::isnan(rect.y) && !std::isnan(rect.width) &&
+           !std::isnan(rect.height);
+}
+
+/// The largest distance from a point to a corner of a rectangle.
+double farthestCorner(const QPointF& from, const QRectF& rect) {
+    const double dx = std::max(std::abs(rect.left() - from.x()), std::abs(rect.right() - from.x()));
+    const double dy = std::max(std::abs(rect.top() - from.y()), std::abs(rect.bottom() - from.y()));
+    return std::hypot(dx, dy);
+}
+
+/// Whether a circle comes anywhere near the area; false for one that is not made of numbers or
+/// has no inside.
+bool reaches(const QRectF& area, Point center, double radius) {
+    return radius >= 0 && std::abs(center.x - area.center().x()) <= radius + area.width() / 2 &&
+           std::abs(center.y - area.center().y()) <= radius + area.height() / 2;
+}
+
+/// Whether the whole area lies inside a circle.
+bool covers(const QRectF& area, Point center, double radius) {
+    return farthestCorner(qtPoint(center), area) < radius;
+}
+
+}  // namespace
+
+QFont canvasFont(const QFont& base, const TextStyle& style) {
+    QFont font = base;
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size))));
+    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
+    return font;
+}
+
+QtCanvas::QtCanvas(QPainter& painter, Size size, ThinLineRenderer* thinLineRenderer)
+    : painter_(painter),
+      size_(size),
+      base_(painter.worldTransform()),
+      thinLineRenderer_(thinLineRenderer != nullptr ? *thinLineRenderer : ownThinLineRenderer_) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setRenderHint(QPainter::TextAntialiasing);
+}
+
+QRectF QtCanvas::visibleArea(double margin) const {
+    const QRectF surface(0, 0, size_.width, size_.height);
+    const QTransform toLocal = base_ * painter_.worldTransform().inverted();
+    return toLocal.mapRect(surface).adjusted(-margin, -margin, margin, margin);
+}
+
+void QtCanvas::fillPath(const Path& path, const Color& color) {
+    QPainterPath shape;
+    shape.setFillRule(Qt::WindingFill);
+    const QRectF area = visibleArea(2);
+    for (const Polyline& outline : path.polylines) {
+        const QPolygonF polygon = clippedFill(outline, area);
+        if (polygon.isEmpty()) continue;
+        shape.addPolygon(polygon);
+        shape.closeSubpath();
+    }
+    painter_.fillPath(shape, qtColor(color));
+}
+
+void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
+    // Lines of up to a pixel have a fast way of their own inside QPainter.
+    const bool isThin = stroke.width * painter_.deviceTransform().m11() <= 1;
+    const bool isOutlined = stroke.dash.empty() && !isThin;
+    QPainterPath shape;
+    shape.setFillRule(Qt::WindingFill);
+    // A miter may reach ten half widths from its corner.
+    const QRectF area = visibleArea(2 + 10 * stroke.width);
+    for (const Polyline& line : path.polylines) {
+        for (const ClippedPolyline& run : clippedStroke(line, area)) {
+            if (isOutlined) {
+                appendStroke(run, stroke.width, shape);
+            } else {
+                shape.addPolygon(QPolygonF(QList(run.points.begin(), run.points.end())));
+                if (run.closed) shape.closeSubpath();
+            }
+        }
+    }
+    if (isOutlined) {
+        painter_.fillPath(shape, qtColor(stroke.color));
+    } else {
+        painter_.strokePath(shape, qtPen(stroke));
+    }
+}
+
+void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
+    if (thinLineRenderer_.stroke(painter_, lines, qtColor(color), width, visibleArea(0))) return;
+    for (std::size_t i = 0; i < lines.starts.size(); ++i) {
+        const auto begin = lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i]);
+        const auto end =
+            i + 1 < lines.starts.size()
+                ? lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i + 1])
+                : lines.points.end();
+        strokePath({{{.points = {begin, end}, .closed = false}}}, {color, width});
+    }
+}
+
+void QtCanvas::fillRect(const Rect& rect, const Color& color) {
+    if (!isNumber(rect)) return;
+    const double left = boundedCoordinate(rect.x);
+    const double top = boundedCoordinate(rect.y);
+    const QRectF bounded(QPointF(left, top), QPointF(boundedCoordinate(rect.x + rect.width),
+                                                     boundedCoordinate(rect.y + rect.height)));
+    painter_.fillRect(bounded.normalized().intersected(visibleArea(2)), qtColor(color));
+}
+
+void QtCanvas::fillRoundedRect(const Rect& rect, double radius, const Color& color) {
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(qtColor(color));
+    painter_.drawRoundedRect(qtRect(rect), radius, radius);
+}
+
+void QtCanvas::strokeRoundedRect(const Rect& rect, double radius, const Stroke& stroke) {
+    painter_.setPen(qtPen(stroke));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRoundedRect(qtRect(rect), radius, radius);
+}
+
+void QtCanvas::fillCircle(Point center, double radius, const Color& color) {
+    const QRectF area = visibleArea(2);
+    if (!reaches(area, center, radius)) return;
+    if (covers(area, center, radius)) {
+        painter_.fillRect(area, qtColor(color));
+        return;
+    }
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(qtColor(color));
+    painter_.drawEllipse(qtPoint(center), radius, radius);
+}
+
+void QtCanvas::strokeCircle(Point center, double radius, const Stroke& stroke) {
+    const QRectF area = visibleArea(2 + stroke.width);
+    if (!reaches(area, center, radius) || covers(area, center, radius)) return;
+    painter_.setPen(qtPen(stroke));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawEllipse(qtPoint(center), radius, radius);
+}
+
+void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
+    const QRectF area = visibleArea(2);
+    if (wedge.radius <= 0 || !reaches(area, wedge.center, wedge.radius)) return;
+    // Beyond the farthest corner the arc is out of sight, wherever it runs.
+    const double radius = std::min(wedge.radius, 2 * farthestCorner(qtPoint(wedge.center), area));
+    const QRectF box(wedge.center.x - radius, wedge.center.y - radius, 2 * radius, 2 * radius);
+    QPainterPath shape(qtPoint(wedge.center));
+    // Qt counts angles counter-clockwise from east.
+    shape.arcTo(box, 90 - wedge.startBearing, wedge.startBearing - wedge.endBearing);
+    shape.closeSubpath();
+    painter_.fillPath(shape, qtColor(color));
+}
+
+void QtCanvas::drawText(std::string_view text, Point center, const TextStyle& style) {
+    if (!reaches(visibleArea(1000), center, 0)) return;
+    const QFont font = canvasFont(painter_.font(), style);
+    painter_.setFont(font);
+    painter_.setPen(qtColor(style.color));
+    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QFontMetricsF metrics(font, painter_.device());
+    const double left = center.x - metrics.horizontalAdvance(line) / 2;
+    const double baseline = center.y + (metrics.ascent() - metrics.descent()) / 2;
+    painter_.drawText(QPointF(left, baseline), line);
+}
+
+void QtCanvas::save() { painter_.save(); }
+void QtCanvas::restore() { painter_.restore(); }
+void QtCanvas::translate(double dx, double dy) { painter_.translate(dx, dy); }
+void QtCanvas::scale(double factor) { painter_.scale(factor, factor); }
+
+void QtCanvas::clipRoundedRect(const Rect& rect, double radius) {
+    QPainterPath shape;
+    shape.addRoundedRect(qtRect(rect), radius, radius);
+    painter_.setClipPath(shape, Qt::IntersectClip);
+}
+
+}  // namespace kalvo::graphics

@@ -1,0 +1,45 @@
+#include "base/numbers.h"
+
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+namespace kalvo::base {
+namespace {
+
+TEST(ParseDouble, ReadsAndRoundsAsTheCLibraryDoes) {
+    for (const char* text : {"0", "7.", ".7", "+5", "-.5e1", "0x1p4", "inf", "0.1", "45.46030",
+                             "11.32639", "0.00000000000001", "99999999999.999", "123456789012345",
+                             "999999999999999", "9007199254740993", "0.3000000000000000166"}) {
+        EXPECT_EQ(parseDouble(text), std::strtod(text, nullptr)) << text;
+    }
+}
+
+TEST(ParseDouble, RefusesAnythingRoundTheNumber) {
+    for (const char* text : {"\t1", "1,5", "--1", "1e", ".", "1.2.3"}) {
+        EXPECT_EQ(parseDouble(text), std::nullopt) << text;
+    }
+    EXPECT_EQ(parseDouble(std::string_view("1\0002", 3)), std::nullopt);
+    EXPECT_TRUE(std::isnan(parseDouble("nan").value()));
+}
+
+TEST(ShortestDecimal, AlwaysShowsThatItIsADouble) {
+    const struct {
+        double value;
+        const char* text;
+    } kCases[] = {{45, "45.0"},
+                  {-33.925, "-33.925"},
+                  {0.0001, "0.0001"},
+                  {0.00001, "1e-05"},
+                  {1e15, "1000000000000000.0"},
+                  {1e21, "1e+21"},
+                  {0.1 + 0.2, "0.30000000000000004"}};
+    for (const auto& [value, text] : kCases) {
+        EXPECT_EQ(shortestDecimal(value), text);
+    }
+}
+
+}  // namespace
+}  // namespace kalvo::base

@@ -1,0 +1,52 @@
+#include "base/task.h"
+
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/scripted_session.h"
+
+namespace kalvo::base {
+namespace {
+
+Task<void> keep(Task<Result<std::string>> task, std::string* result) {
+    *result = (co_await std::move(task)).value();
+}
+
+class TaskScopeTest : public testing::Test {
+ protected:
+    /// Starts a task that waits until the test answers this address.
+    void start(const std::string& url, std::string* result) {
+        session.hold(url);
+        scope->start(keep(session.get({url, {}, {}}), result));
+    }
+
+    tests::ScriptedSession session;
+    std::optional<TaskScope> scope{std::in_place};
+    std::string first;
+    std::string second;
+};
+
+TEST_F(TaskScopeTest, LetsTasksEndInAnyOrderAndForgetsThem) {
+    start("a", &first);
+    start("b", &second);
+    session.release("b", "answer");
+    EXPECT_EQ(second, "answer");
+    EXPECT_EQ(first, "");
+    EXPECT_FALSE(scope->empty());
+    session.release("a", "other");
+    EXPECT_EQ(first, "other");
+    EXPECT_TRUE(scope->empty());
+}
+
+TEST_F(TaskScopeTest, EndsWhatIsStillUnderWayWithIt) {
+    start("a", &first);
+    EXPECT_EQ(session.heldCount(), 1u);
+    scope.reset();
+    EXPECT_EQ(session.heldCount(), 0u);
+    EXPECT_EQ(first, "");
+}
+
+}  // namespace
+}  // namespace kalvo::base

@@ -1,0 +1,203 @@
+#include "ui/kalvo_style.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <gtest/gtest.h>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "ui/combo_box.h"
+#include "ui/theme.h"
+
+namespace kalvo::ui {
+namespace {
+
+const base::Bundle& bundle() {
+    static const base::Bundle resources(KALVO_SOURCE_DIR "/resources");
+    return resources;
+}
+
+/// Gives the application the light or dark look, as the desktop's window color asks for.
+void applyTheme(const QColor& desktop) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, desktop);
+    QApplication::setPalette(palette);
+    Theme::apply(bundle());
+}
+
+/// Contrast ratio of WCAG 2.1 between two opaque colors.
+double contrast(const QColor& a, const QColor& b) {
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double value) {
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const double first = luminance(a);
+    const double second = luminance(b);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+QColor blended(const QColor& top, const QColor& ground) {
+    const auto mix = [&](int over, int under) {
+        return (over * top.alpha() + under * (255 - top.alpha())) / 255;
+    };
+    return {mix(top.red(), ground.red()), mix(top.green(), ground.green()),
+            mix(top.blue(), ground.blue())};
+}
+
+TEST(ThemeTest, EveryTextCanBeReadOnItsGround) {
+    for (const int desktop : {255, 0}) {
+        applyTheme(QColor(desktop, desktop, desktop));
+        const Theme& theme = Theme::current();
+        for (const QColor& ground : {theme.window, theme.sidebar, theme.field}) {
+            for (const QColor& text : {theme.text, theme.secondaryText, theme.tertiaryText,
+                                       theme.brandText, theme.orangeText}) {
+                EXPECT_GE(contrast(text, ground), 4.5)
+                    << text.name().toStdString() << " on " << ground.name().toStdString();
+            }
+        }
+        for (const QColor& fill : {theme.accent, theme.accentHover, theme.accentPressed}) {
+            EXPECT_GE(contrast(Qt::white, fill), 4.5) << fill.name().toStdString();
+        }
+        EXPECT_GE(contrast(theme.secondaryText, theme.track), 4.5);
+        for (const QColor& tint : {theme.windBox, theme.solarBox}) {
+            EXPECT_GE(contrast(theme.text, blended(tint, theme.sidebar)), 4.5);
+            EXPECT_GE(contrast(theme.orangeText, blended(tint, theme.window)), 4.5);
+        }
+    }
+}
+
+class StyleTest : public testing::Test {
+ protected:
+    StyleTest() {
+        applyTheme(Qt::white);
+        auto* column = new QVBoxLayout(&window);
+        for (QWidget* control : std::initializer_list<QWidget*>{&bordered, &prominent, &field}) {
+            column->addWidget(control);
+        }
+        prominent.setProperty("prominent", true);
+        window.resize(240, 200);
+        window.show();
+        QApplication::setActiveWindow(&window);
+    }
+
+    /// The color in the middle of a control's upper edge, where the ring would be.
+    [[nodiscard]] static QColor edge(QWidget& control) {
+        return control.grab().toImage().pixelColor(control.width() / 2, 0);
+    }
+
+    QWidget window;
+    QPushButton bordered{"Copia"};
+    QPushButton prominent{"Calcola"};
+    QLineEdit field;
+};
+
+TEST_F(StyleTest, TheRingFollowsTheKeyboardAndInAFieldTheMouseToo) {
+    const QColor ring = Theme::current().brandText;
+    EXPECT_NE(edge(field), ring);
+    QTest::mouseClick(&field, Qt::LeftButton);
+    EXPECT_EQ(edge(field), ring);
+    QWidget* focused = &field;
+    for (QPushButton* button : {&prominent, &bordered}) {
+        QTest::keyClick(focused, Qt::Key_Backtab);
+        focused = button;
+        ASSERT_TRUE(button->hasFocus());
+        EXPECT_EQ(edge(*button), ring);
+    }
+    QTest::mouseClick(&bordered, Qt::LeftButton);
+    EXPECT_TRUE(bordered.hasFocus());
+    EXPECT_NE(edge(bordered), ring);
+}
+
+TEST_F(StyleTest, AButtonIsFilledWhenItIsProminentOrSwitchedOn) {
+    const auto fill = [](QWidget& button) {
+        return button.grab().toImage().pixelColor(6, button.height() / 2);
+    };
+    EXPECT_EQ(fill(prominent), Theme::current().accent);
+    EXPECT_EQ(fill(bordered), Theme::current().field);
+    bordered.setCheckable(true);
+    const QSize off = bordered.sizeHint();
+    bordered.setChecked(true);
+    EXPECT_EQ(fill(bordered), Theme::current().accent);
+    EXPECT_EQ(bordered.sizeHint(), off) << "a toggle must not push its neighbors aside";
+}
+
+TEST_F(StyleTest, MnemonicsAreUnderlinedWhileAltIsHeld) {
+    const auto hint = [] { return QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut); };
+    EXPECT_EQ(hint(), 0);
+    QTest::keyPress(&window, Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(hint(), 1);
+    QTest::keyRelease(&window, Qt::Key_Alt);
+    EXPECT_EQ(hint(), 0);
+
+    QMenu menu;
+    menu.addAction(QStringLiteral("&Esci"));
+    QTest::keyPress(&window, Qt::Key_Alt, Qt::AltModifier);
+    menu.popup(QPoint());
+    QTest::keyRelease(&menu, Qt::Key_Alt);
+    EXPECT_EQ(hint(), 1) << "an open menu goes on showing its own";
+    menu.close();
+    EXPECT_EQ(hint(), 0);
+}
+
+TEST_F(StyleTest, AScrollBarIsAThumbAndNothingElse) {
+    QScrollBar bar(Qt::Vertical);
+    bar.resize(11, 200);
+    bar.setRange(0, 300);
+    bar.setPageStep(100);
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.orientation = Qt::Vertical;
+    option.minimum = 0;
+    option.maximum = 300;
+    option.pageStep = 100;
+    const auto thumbAt = [&](int position) {
+        option.sliderPosition = position;
+        return QApplication::style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                     QStyle::SC_ScrollBarSlider, &bar);
+    };
+    EXPECT_EQ(thumbAt(0), QRect(0, 0, 11, 50));
+    EXPECT_EQ(thumbAt(300), QRect(0, 150, 11, 50));
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(5, 195));
+    EXPECT_EQ(bar.value(), 100) << "a click beside the thumb moves by a page";
+    // Billions of lines must not overflow the thumb's place.
+    option.maximum = 2000000000;
+    EXPECT_EQ(thumbAt(2000000000).bottom(), 199);
+}
+
+/// Counts what a view asks of a long list.
+class CountingList final : public QAbstractListModel {
+ public:
+    [[nodiscard]] int rowCount(const QModelIndex&) const override { return 8000; }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        ++asked;
+        return role == Qt::DisplayRole ? QVariant(QString::number(index.row())) : QVariant();
+    }
+    mutable int asked = 0;
+};
+
+TEST_F(StyleTest, ALongPickerOpensWithoutLookingAtEveryEntry) {
+    CountingList list;
+    ComboBox picker;
+    picker.setModel(&list);
+    picker.show();
+    picker.setCurrentIndex(4000);
+    picker.showPopup();
+    QApplication::processEvents();
+    EXPECT_TRUE(picker.view()->isVisible());
+    EXPECT_LT(list.asked, 800);
+    picker.hidePopup();
+}
+
+}  // namespace
+}  // namespace kalvo::ui

@@ -1,0 +1,20 @@
+#include "ui/combo_box.h"
+
+#include <QListView>
+#include <QWheelEvent>
+
+namespace kalvo::ui {
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+    auto* list = new QListView;
+    list->setUniformItemSizes(true);
+    setView(list);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(8);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMaxVisibleItems(14);
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+}  // namespace kalvo::ui

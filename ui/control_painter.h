@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QPainter>
+#include <QStyleOption>
+#include <QWidget>
+
+/// How `KalvoStyle` measures and paints each kind of control.
+namespace kalvo::ui {
+
+/// Whether the focus of the control is to be shown: only once the keyboard is in use.
+[[nodiscard]] bool showsFocus(const QStyleOption& option);
+
+/// The size of a push button round its icon and text.
+[[nodiscard]] QSize buttonSize(const QStyleOptionButton& button, const QWidget* widget);
+void paintButtonBox(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget);
+void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget);
+
+void paintField(const QStyleOption& option, QPainter& painter);
+void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter);
+void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter);
+void paintListSelection(const QStyleOptionViewItem& item, QPainter& painter);
+
+/// The thumb's rectangle in a scroll bar, which has nothing else.
+[[nodiscard]] QRect scrollBarThumb(const QStyleOptionSlider& bar);
+void paintScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget);
+
+[[nodiscard]] QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& text);
+void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter);
+void paintMenuBarItem(const QStyleOptionMenuItem& item, QPainter& painter);
+
+}  // namespace kalvo::ui

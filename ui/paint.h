@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QRectF>
+
+/// The shapes that the controls are made of.
+namespace kalvo::ui {
+
+inline constexpr int kControlHeight = 30;  // points, without the shadow below
+inline constexpr int kShadowHeight = 1;
+inline constexpr double kCornerRadius = 6.5;    // of controls
+inline constexpr double kFocusRingWidth = 1.6;  // points
+
+/// The rectangle with its edges moved to whole device pixels, so that hairlines stay hairlines at
+/// a fractional scale.
+[[nodiscard]] QRectF snappedToPixels(const QPainter& painter, const QRectF& rect);
+
+/// The width of a line of about one point that covers whole device pixels.
+[[nodiscard]] double hairlineWidth(const QPainter& painter);
+
+/// A rounded rectangle with a border inside its edge; a transparent border leaves it plain.
+void paintBox(QPainter& painter,
+              const QRectF& rect,
+              double radius,
+              const QColor& fill,
+              const QColor& border = Qt::transparent);
+
+/// The soft line of shadow below a raised control that fills `rect`.
+void paintShadow(QPainter& painter, const QRectF& rect, double radius);
+
+/// The ring around what has the keyboard focus, just inside `rect`.
+void paintFocusRing(QPainter& painter, const QRectF& rect, double radius);
+
+}  // namespace kalvo::ui

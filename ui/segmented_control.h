@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QButtonGroup>
+#include <QStringList>
+#include <QWidget>
+
+namespace kalvo::ui {
+
+/// A choice of one among a few, side by side in one track with a raised thumb on the chosen one.
+/// Its segments are radio buttons to screen readers and to the keyboard: one of them takes the
+/// focus, the arrow keys choose.
+class SegmentedControl final : public QWidget {
+    Q_OBJECT
+
+ public:
+    /// The title names the control for screen readers; the first segment is chosen.
+    SegmentedControl(const QString& title, const QStringList& segments, QWidget* parent = nullptr);
+
+    /// The chosen segment, from 0.
+    [[nodiscard]] int index() const { return group_->checkedId(); }
+    /// Chooses a segment without a signal; an index out of range leaves the choice.
+    void setIndex(int index);
+
+ signals:
+    /// The user has chosen another segment.
+    void indexChosen(int index);
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    QButtonGroup* group_;
+};
+
+}  // namespace kalvo::ui
