@@ -6,7 +6,9 @@
 #include <QFontDatabase>
 #include <QPalette>
 
+#include "base/qt/qstring.h"
 #include "graphics/color.h"
+#include "graphics/qt/conversions.h"
 #include "ui/kalvo_style.h"
 
 namespace kalvo::ui {
@@ -14,8 +16,7 @@ namespace kalvo::ui {
 namespace {
 
 QColor translucent(const graphics::Color& color, double opacity) {
-    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                            static_cast<float>(color.blue), static_cast<float>(opacity));
+    return graphics::toQColor(color.withOpacity(opacity));
 }
 
 Theme lightTheme() {
@@ -87,7 +88,7 @@ void loadFonts(const base::Bundle& bundle) {
     for (const char* face : kFaces) {
         const auto path = bundle.path(std::string("fonts/") + face, "ttf");
         if (!path) continue;
-        const int id = QFontDatabase::addApplicationFont(QString::fromStdString(path->string()));
+        const int id = QFontDatabase::addApplicationFont(base::toQString(path->string()));
         const QStringList families = QFontDatabase::applicationFontFamilies(id);
         if (!families.isEmpty()) family() = families.first();
     }

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "app/branding.h"
+#include "base/qt/qstring.h"
 #include "ui/theme.h"
 
 namespace kalvo::app {
@@ -27,11 +28,11 @@ AboutPanel::AboutPanel(QWidget* parent) : QDialog(parent) {
     icon->setPixmap(windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     icon->setVisible(!windowIcon().isNull());
     QLabel* name =
-        ui::makeLabel(QString::fromUtf8(kApplicationName), FontStyle::kTitle3, FontWeight::kBold);
+        ui::makeLabel(base::toQString(kApplicationName), FontStyle::kTitle3, FontWeight::kBold);
     QLabel* credits =
         ui::makeLabel(QStringLiteral("%1\n%2\nInformativa sulla privacy: %3")
-                          .arg(QString::fromUtf8(kDeveloperCredit), QString::fromUtf8(kCopyright),
-                               QString::fromUtf8(kWebAddress)),
+                          .arg(base::toQString(kDeveloperCredit), base::toQString(kCopyright),
+                               base::toQString(kWebAddress)),
                       FontStyle::kCaption2, FontWeight::kRegular, TextRole::kSecondary);
     credits->setAlignment(Qt::AlignHCenter);
 

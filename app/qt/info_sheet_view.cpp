@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "app/branding.h"
+#include "base/qt/qstring.h"
 #include "ui/theme.h"
 
 namespace kalvo::app {
@@ -36,7 +37,7 @@ constexpr const char* kSources =
     "(ODbL). Le stime sono indicative e non vincolanti.";
 
 QLabel* makeHeading(const char* text) {
-    return ui::makeLabel(QString::fromUtf8(text), FontStyle::kHeadline);
+    return ui::makeLabel(base::toQString(text), FontStyle::kHeadline);
 }
 
 QLabel* makeParagraph(const QString& text) {
@@ -51,13 +52,13 @@ QScrollArea* makeTexts() {
     column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     column->setSpacing(12);
     column->addWidget(makeHeading("Informazioni sull'Applicazione"));
-    column->addWidget(makeParagraph(QString::fromUtf8(kPurpose)));
+    column->addWidget(makeParagraph(base::toQString(kPurpose)));
     column->addWidget(makeHeading("Informativa sulla Privacy"));
     column->addWidget(
-        makeParagraph(QString::fromUtf8(kPrivacy) + QString::fromUtf8(kWebAddress) + u'.'));
+        makeParagraph(base::toQString(kPrivacy) + base::toQString(kWebAddress) + u'.'));
     column->addWidget(makeHeading("Sviluppatore & Copyright"));
-    column->addWidget(makeParagraph(QString::fromUtf8(kDeveloperCredit)));
-    column->addWidget(makeParagraph(QString::fromUtf8(kCopyright) + QString::fromUtf8(kSources)));
+    column->addWidget(makeParagraph(base::toQString(kDeveloperCredit)));
+    column->addWidget(makeParagraph(base::toQString(kCopyright) + base::toQString(kSources)));
     column->addStretch();
 
     auto* area = new QScrollArea;

@@ -12,6 +12,7 @@
 #include "app/branding.h"
 #include "app/qt/about_panel.h"
 #include "app/qt/application_icon.h"
+#include "base/qt/qstring.h"
 #include "ui/after_paint.h"
 
 namespace kalvo::app {
@@ -56,7 +57,7 @@ void Kalvo_TreskApp::showIcon() {
 QMainWindow* Kalvo_TreskApp::openWindow() {
     auto* window = new QMainWindow;
     window->setAttribute(Qt::WA_DeleteOnClose);
-    window->setWindowTitle(QString::fromUtf8(kApplicationName));
+    window->setWindowTitle(base::toQString(kApplicationName));
     auto* screen = new MainScreen(services_);
     window->setCentralWidget(screen);
     addMenus(*window, *screen);
@@ -95,7 +96,7 @@ void Kalvo_TreskApp::addMapMenu(QMainWindow& window) {
     QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Visualizza && Mappe"));
     int key = Qt::Key_1;
     for (const MapItem& item : kMapItems) {
-        menu->addAction(QString::fromUtf8(item.title), QKeySequence(Qt::CTRL | key++), this,
+        menu->addAction(base::toQString(item.title), QKeySequence(Qt::CTRL | key++), this,
                         [this, item] { notifications_.post(item.notification); });
     }
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/qt/qstring.h"
+
 namespace kalvo::app {
 
 void PlaceListModel::setNames(const std::vector<std::string>& names) {
@@ -22,7 +24,7 @@ int PlaceListModel::rowCount(const QModelIndex& parent) const {
 
 QVariant PlaceListModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
-    return QString::fromStdString(name(index.row()));
+    return base::toQString(name(index.row()));
 }
 
 }  // namespace kalvo::app

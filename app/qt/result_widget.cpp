@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "base/qt/qstring.h"
 #include "ui/divider.h"
 #include "ui/icons.h"
 #include "ui/spinner.h"
@@ -39,7 +40,7 @@ QString withNonBreakingUnits(QString text) {
 }
 
 void showText(QLabel& label, const std::string& text) {
-    const QString read = QString::fromStdString(text);
+    const QString read = base::toQString(text);
     if (label.accessibleName() == read) return;
     label.setText(withNonBreakingUnits(read));
     label.setAccessibleName(read);

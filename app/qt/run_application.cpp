@@ -7,6 +7,7 @@
 
 #include "app/branding.h"
 #include "app/qt/kalvo_tresk_app.h"
+#include "base/qt/qstring.h"
 #include "base/qt/qt_clipboard.h"
 #include "base/qt/qt_url_opener.h"
 #include "ui/fontconfig_preload.h"
@@ -32,7 +33,7 @@ int runApplication(int argc, char** argv, const std::function<void(QMainWindow&)
     // While the application connects to the desktop.
     std::future<void> fontConfiguration = ui::preloadFontconfig();
     QApplication::setApplicationName(QStringLiteral("Kalvo_Tresk"));
-    QApplication::setApplicationDisplayName(QString::fromUtf8(kApplicationName));
+    QApplication::setApplicationDisplayName(base::toQString(kApplicationName));
     QApplication::setApplicationVersion(QStringLiteral("1.0"));
     QApplication::setDesktopFileName(QStringLiteral("example.kalvo.KalvoTresk"));
     const QApplication application(argc, argv);

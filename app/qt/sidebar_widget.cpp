@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QScrollBar>
 
+#include "base/qt/qstring.h"
 #include "ui/divider.h"
 #include "ui/icons.h"
 #include "ui/theme.h"
@@ -21,10 +22,6 @@ constexpr int kSpacing = 16;
 constexpr int kGroupSpacing = 6;
 constexpr int kHeaderBottom = 12;
 constexpr int kPreferredWidth = 348;
-
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 /// The title above a control, which names the control for screen readers and leads to it with its
 /// mnemonic.
@@ -60,7 +57,7 @@ QLabel* makeAttribution() {
 }
 
 void showText(QLineEdit& field, const std::string& value) {
-    const QString shown = QString::fromStdString(value);
+    const QString shown = base::toQString(value);
     if (field.text() != shown) field.setText(shown);
 }
 
@@ -121,7 +118,7 @@ QLayout* SidebarWidget::makeHeader() {
 
 QLayout* SidebarWidget::makeCountryGroup() {
     country_ = new ui::ComboBox;
-    for (const std::string& country : state_.countries) country_->addItem(text(country));
+    for (const std::string& country : state_.countries) country_->addItem(base::toQString(country));
     flag_ = new ui::ImageView(QSize(24, 16), ui::ImageView::Scaling::kFill, 2);
     auto* row = new QHBoxLayout;
     row->setSpacing(8);

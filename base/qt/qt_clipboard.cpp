@@ -3,11 +3,12 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include "base/qt/qstring.h"
+
 namespace kalvo::base {
 
 void QtClipboard::setString(std::string_view text) {
-    QGuiApplication::clipboard()->setText(
-        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    QGuiApplication::clipboard()->setText(toQString(text));
 }
 
 }  // namespace kalvo::base

@@ -3,11 +3,12 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "base/qt/qstring.h"
+
 namespace kalvo::base {
 
 bool QtUrlOpener::open(std::string_view address) {
-    const QUrl url(QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())),
-                   QUrl::StrictMode);
+    const QUrl url(toQString(address), QUrl::StrictMode);
     if (!url.isValid() || url.scheme() != QStringLiteral("https") || url.host().isEmpty()) {
         return false;
     }

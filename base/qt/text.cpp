@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "base/qt/qstring.h"
 
 #include <algorithm>
 
@@ -23,10 +24,6 @@ std::string asciiCaseMapped(std::string_view text, char first, char last, int sh
     return shifted;
 }
 
-QString decoded(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 /// One code point of a UTF-8 text and how many bytes it takes; a stray byte counts as U+FFFD.
 struct CodePoint {
     char32_t value;
@@ -39,7 +36,7 @@ CodePoint decodeFront(std::string_view text) {
     if (isAscii(text.front())) return {static_cast<unsigned char>(text.front()), 1};
     std::size_t length = 1;
     while (length < text.size() && length < 4 && isContinuation(text[length])) ++length;
-    const QList<uint> points = decoded(text.substr(0, length)).toUcs4();
+    const QList<uint> points = toQString(text.substr(0, length)).toUcs4();
     return {points.size() == 1 ? points.front() : U'\uFFFD', length};
 }
 
@@ -78,12 +75,12 @@ bool isNewline(char32_t character) {
 }  // namespace
 
 std::string lowercased(std::string_view text) {
-    if (!isAllAscii(text)) return decoded(text).toLower().toStdString();
+    if (!isAllAscii(text)) return toQString(text).toLower().toStdString();
     return asciiCaseMapped(text, 'A', 'Z', 'a' - 'A');
 }
 
 std::string uppercased(std::string_view text) {
-    if (!isAllAscii(text)) return decoded(text).toUpper().toStdString();
+    if (!isAllAscii(text)) return toQString(text).toUpper().toStdString();
     return asciiCaseMapped(text, 'a', 'z', 'A' - 'a');
 }
 

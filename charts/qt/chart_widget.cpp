@@ -13,6 +13,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "base/qt/qstring.h"
+#include "graphics/qt/conversions.h"
 #include "graphics/qt/qt_canvas.h"
 #include "ui/paint.h"
 
@@ -40,8 +42,7 @@ void installGraphicInterface() {
 }
 
 QString summaryOf(const Chart& chart) {
-    return QString::fromStdString(
-        std::visit([](const auto& view) { return view.summary(); }, chart));
+    return base::toQString(std::visit([](const auto& view) { return view.summary(); }, chart));
 }
 
 }  // namespace
@@ -89,11 +90,11 @@ void ChartWidget::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QString ChartWidget::textAt(const QPointF& position) const {
-    const graphics::Point point{position.x() - kMargin, position.y() - kMargin};
+    const graphics::Point point = graphics::toPoint(position - QPointF(kMargin, kMargin));
     return std::visit(
         [&](const auto& view) {
             const auto hit = view.hitTest(point, chartSize());
-            return hit ? QString::fromStdString(view.describe(*hit)) : QString();
+            return hit ? base::toQString(view.describe(*hit)) : QString();
         },
         chart_);
 }

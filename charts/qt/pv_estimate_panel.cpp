@@ -4,6 +4,7 @@
 
 #include "charts/qt/wrapping_label.h"
 #include "graphics/color.h"
+#include "graphics/qt/conversions.h"
 #include "ui/divider.h"
 #include "ui/paint.h"
 #include "ui/theme.h"
@@ -63,11 +64,8 @@ void PvEstimatePanel::setArrangement(Arrangement arrangement) {
 
 void PvEstimatePanel::paintEvent(QPaintEvent* /*event*/) {
     const bool stacked = arrangement_ == Arrangement::kStacked;
-    const graphics::Color& yellow = graphics::kYellow;
     const double radius = stacked ? 12 : 8;
-    const QColor fill =
-        QColor::fromRgbF(static_cast<float>(yellow.red), static_cast<float>(yellow.green),
-                         static_cast<float>(yellow.blue), stacked ? 0.12F : 0.1F);
+    const QColor fill = graphics::toQColor(graphics::kYellow.withOpacity(stacked ? 0.12 : 0.1));
     QPainter painter(this);
     ui::paintBox(painter, rect(), radius, fill);
 }

@@ -1,5 +1,6 @@
 #include "charts/qt/solar_details_widget.h"
 
+#include "base/qt/qstring.h"
 #include "charts/qt/chart_widget.h"
 #include "charts/qt/pv_estimate_panel.h"
 #include "charts/qt/titled_section.h"
@@ -21,8 +22,7 @@ SolarDetailsWidget::SolarDetailsWidget(QWidget* parent)
 }
 
 void SolarDetailsWidget::setView(const DetailsNotebookView& view) {
-    box_->setTexts(QString::fromStdString(view.pvDetailsText),
-                   QString::fromStdString(view.pvResultText));
+    box_->setTexts(base::toQString(view.pvDetailsText), base::toQString(view.pvResultText));
     chart_->setChart(SolarChartView{view.currentSolarData});
 }
 

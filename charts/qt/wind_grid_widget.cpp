@@ -8,8 +8,10 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include "base/qt/qstring.h"
 #include "engine/calculation_engine.h"
 #include "engine/wind_range.h"
+#include "graphics/qt/conversions.h"
 #include "ui/paint.h"
 #include "ui/theme.h"
 
@@ -120,9 +122,8 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
     verticalHeader()->hide();
     setRowCount(kRows);
     setColumnCount(kColumns);
-    QStringList header(QString::fromUtf8(WindTableView::kCorner));
-    for (const std::string_view month : CalculationEngine::months)
-        header << QString::fromUtf8(month);
+    QStringList header(base::toQString(WindTableView::kCorner));
+    for (const std::string_view month : CalculationEngine::months) header << base::toQString(month);
     setHorizontalHeaderLabels(header);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
@@ -136,12 +137,9 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
         for (int column = 0; column < kColumns; ++column)
             setItem(row, column, new QTableWidgetItem);
         const auto windClass = static_cast<std::size_t>(row);
-        const graphics::Color& color = WindRange::colors[windClass];
-        item(row, 0)->setText(QString::fromUtf8(WindRange::labels[windClass]));
+        item(row, 0)->setText(base::toQString(WindRange::labels[windClass]));
         item(row, 0)->setForeground(Theme::current().text);
-        item(row, 0)->setData(Qt::DecorationRole, QColor::fromRgbF(static_cast<float>(color.red),
-                                                                   static_cast<float>(color.green),
-                                                                   static_cast<float>(color.blue)));
+        item(row, 0)->setData(Qt::DecorationRole, graphics::toQColor(WindRange::colors[windClass]));
     }
 }
 

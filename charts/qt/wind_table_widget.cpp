@@ -7,6 +7,7 @@
 #include <QTimerEvent>
 #include <QVBoxLayout>
 
+#include "base/qt/qstring.h"
 #include "charts/qt/wind_grid_widget.h"
 #include "ui/icons.h"
 #include "ui/paint.h"
@@ -79,6 +80,6 @@ void WindTableWidget::timerEvent(QTimerEvent* event) {
     showNotice();
 }
 
-void WindTableWidget::showNotice() { button_->setText(QString::fromUtf8(view_.copyButtonText())); }
+void WindTableWidget::showNotice() { button_->setText(base::toQString(view_.copyButtonText())); }
 
 }  // namespace kalvo::charts

@@ -11,9 +11,11 @@
 #include <QTimer>
 #include <QTimerEvent>
 
+#include "base/qt/qstring.h"
 #include "geo/coordinate_text.h"
 #include "geo/globe_gestures.h"
 #include "geo/globe_projection.h"
+#include "graphics/qt/conversions.h"
 #include "graphics/qt/qt_canvas.h"
 
 namespace kalvo::geo {
@@ -24,15 +26,11 @@ constexpr double kArrowTurn = toRadians(5);
 
 GlobeView::Time now() { return std::chrono::steady_clock::now(); }
 
-graphics::Point pointOf(const QMouseEvent& event) {
-    return {event.position().x(), event.position().y()};
-}
-
 graphics::Size textSize(const QWidget& widget,
                         std::string_view text,
                         const graphics::TextStyle& style) {
     const QFontMetricsF metrics(graphics::canvasFont(widget.font(), style), &widget);
-    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QString line = base::toQString(text);
     return {metrics.horizontalAdvance(line), metrics.height()};
 }
 
@@ -82,11 +80,10 @@ QSize GlobeWidget::sizeHint() const { return {640, 400}; }
 void GlobeWidget::describe() {
     QString target = QStringLiteral("Nessun luogo segnato.");
     if (view_.targetLat && view_.targetLon) {
-        const QString name = view_.targetName
-                                 ? QString::fromStdString(*view_.targetName) + QStringLiteral(", ")
-                                 : "";
+        const QString name =
+            view_.targetName ? base::toQString(*view_.targetName) + QStringLiteral(", ") : "";
         const std::string place = coordinateText(*view_.targetLat, *view_.targetLon);
-        target = QStringLiteral("Luogo segnato: %1%2.").arg(name, QString::fromStdString(place));
+        target = QStringLiteral("Luogo segnato: %1%2.").arg(name, base::toQString(place));
     }
     setAccessibleDescription(
         target + QStringLiteral(" Frecce per ruotare, Invio per selezionare il centro, Spazio per "
@@ -94,7 +91,7 @@ void GlobeWidget::describe() {
 }
 
 graphics::Size GlobeWidget::viewSize() const {
-    return {static_cast<double>(width()), static_cast<double>(height())};
+    return graphics::toSize(size());
 }
 
 void GlobeWidget::makeScene() {
@@ -159,7 +156,7 @@ void GlobeWidget::paintEvent(QPaintEvent* event) {
     painter.drawImage(ground_.topLeft, ground_.picture);
     view_.drawTurning(canvas, viewSize(), scene_);
     const graphics::Rect hint = globeHintBox(hintSize_);
-    if (QRectF(hint.x, hint.y, hint.width, hint.height).intersects(event->rect())) {
+    if (graphics::toQRectF(hint).intersects(event->rect())) {
         drawGlobeHint(canvas, hintSize_);
     }
     if (hasFocusRing_) {
@@ -205,7 +202,8 @@ void GlobeWidget::runTimer() {
 void GlobeWidget::hideEvent(QHideEvent*) { timer_.stop(); }
 
 void GlobeWidget::press(const QMouseEvent& event, DragRecognizer::Press kind) {
-    if (event.button() == Qt::LeftButton) pointer_.press(pointOf(event), now(), kind);
+    if (event.button() == Qt::LeftButton)
+        pointer_.press(graphics::toPoint(event.position()), now(), kind);
 }
 
 void GlobeWidget::mousePressEvent(QMouseEvent* event) {
@@ -221,7 +219,7 @@ void GlobeWidget::mouseMoveEvent(QMouseEvent* event) {
     // The release of a press may have gone elsewhere.
     if (!(event->buttons() & Qt::LeftButton)) return;
     const auto time = now();
-    const auto drag = pointer_.move(pointOf(*event), time);
+    const auto drag = pointer_.move(graphics::toPoint(event->position()), time);
     if (!drag) return;
     setCursor(Qt::ClosedHandCursor);
     dragChanged(view_, *drag, time);
@@ -231,7 +229,7 @@ void GlobeWidget::mouseMoveEvent(QMouseEvent* event) {
 void GlobeWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     setCursor(Qt::OpenHandCursor);
-    if (pointer_.release()) tap(view_, pointOf(*event), viewSize());
+    if (pointer_.release()) tap(view_, graphics::toPoint(event->position()), viewSize());
 }
 
 void GlobeWidget::keyPressEvent(QKeyEvent* event) {

@@ -14,6 +14,8 @@
 #include <QTouchEvent>
 #include <QWheelEvent>
 
+#include "base/qt/qstring.h"
+#include "graphics/qt/conversions.h"
 #include "graphics/qt/parallel_painting.h"
 #include "graphics/qt/qt_canvas.h"
 
@@ -26,8 +28,6 @@ using graphics::Size;
 constexpr double kZoomStep = 1.25;  // of one notch of the wheel and one press of a key
 constexpr double kNotch = 120;      // eighths of a degree
 constexpr double kArrowStep = 40;   // points
-
-graphics::Point pointOf(const QPointF& point) { return {point.x(), point.y()}; }
 
 QString accessibleNameOf(MapType type) {
     switch (type) {
@@ -74,7 +74,7 @@ void MapWidget::setView(const MapView& view) {
 QSize MapWidget::sizeHint() const { return {640, 400}; }
 
 graphics::Size MapWidget::viewSize() const {
-    return {static_cast<double>(width()), static_cast<double>(height())};
+    return graphics::toSize(size());
 }
 
 const MapScene& MapWidget::scene() {
@@ -104,7 +104,7 @@ void MapWidget::updatePicture() {
         picture_.setDevicePixelRatio(pixels);
         // At a fractional scale the map ends within the last row of pixels, whose rest shows too.
         const graphics::Color ground = mapBackgroundColor();
-        picture_.fill(QColor::fromRgbF(float(ground.red), float(ground.green), float(ground.blue)));
+        picture_.fill(graphics::toQColor(ground));
         cachedGestures_.reset();
     }
     if (const auto shift = pictureShift()) {
@@ -189,7 +189,7 @@ void MapWidget::hideEvent(QHideEvent*) { picture_ = {}; }
 void MapWidget::describe() {
     setAccessibleName(accessibleNameOf(view_.mapType));
     setAccessibleDescription(
-        QString::fromStdString(view_.summary()) +
+        base::toQString(view_.summary()) +
         QStringLiteral(" Tasti + e - per lo zoom, frecce per spostare la mappa, Home per vederla "
                        "tutta."));
 }
@@ -217,12 +217,12 @@ bool MapWidget::event(QEvent* event) {
 
 void MapWidget::showToolTip(const QHelpEvent& event) {
     const auto feature =
-        scene().featureAt(viewToMap(view_.gestures, pointOf(event.pos()), viewSize()));
+        scene().featureAt(viewToMap(view_.gestures, graphics::toPoint(event.pos()), viewSize()));
     if (!view_.geoData || !feature) {
         QToolTip::hideText();
         return;
     }
-    const QString text = QString::fromStdString(view_.hoverText(view_.geoData->features[*feature]));
+    const QString text = base::toQString(view_.hoverText(view_.geoData->features[*feature]));
     // Marked as rich text, so that a name is never taken for markup.
     QToolTip::showText(
         event.globalPos(),
@@ -264,14 +264,16 @@ void MapWidget::touch(const QTouchEvent& event) {
     apply([&](MapGestures& map) {
         moveBy(map, {moved.x(), moved.y()});
         if (reach > 0 && lastReach > 0) {
-            zoomBy(map, reach / lastReach, pointOf(middle), viewSize());
+            zoomBy(map, reach / lastReach, graphics::toPoint(middle), viewSize());
         }
     });
 }
 
 void MapWidget::wheelEvent(QWheelEvent* event) {
     const double factor = std::pow(kZoomStep, event->angleDelta().y() / kNotch);
-    apply([&](MapGestures& map) { zoomBy(map, factor, pointOf(event->position()), viewSize()); });
+    apply([&](MapGestures& map) {
+        zoomBy(map, factor, graphics::toPoint(event->position()), viewSize());
+    });
 }
 
 void MapWidget::mousePressEvent(QMouseEvent* event) {

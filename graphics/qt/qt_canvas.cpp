@@ -7,26 +7,17 @@
 #include <QFontMetricsF>
 #include <QPainterPath>
 
+#include "base/qt/qstring.h"
 #include "graphics/qt/clipping.h"
+#include "graphics/qt/conversions.h"
 #include "graphics/qt/stroker.h"
 
 namespace kalvo::graphics {
 
 namespace {
 
-QColor qtColor(const Color& color) {
-    const auto component = [](double value) {
-        return static_cast<float>(std::clamp(value, 0.0, 1.0));
-    };
-    return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue),
-                            component(color.opacity));
-}
-
-QRectF qtRect(const Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
-QPointF qtPoint(Point point) { return {point.x, point.y}; }
-
 QPen qtPen(const Stroke& stroke) {
-    QPen pen(qtColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    QPen pen(toQColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
     pen.setMiterLimit(10);
     if (!stroke.dash.empty()) {
         // Qt counts dashes in pen widths.
@@ -58,7 +49,7 @@ bool reaches(const QRectF& area, Point center, double radius) {
 
 /// Whether the whole area lies inside a circle.
 bool covers(const QRectF& area, Point center, double radius) {
-    return farthestCorner(qtPoint(center), area) < radius;
+    return farthestCorner(toQPointF(center), area) < radius;
 }
 
 }  // namespace
@@ -95,7 +86,7 @@ void QtCanvas::fillPath(const Path& path, const Color& color) {
         shape.addPolygon(polygon);
         shape.closeSubpath();
     }
-    painter_.fillPath(shape, qtColor(color));
+    painter_.fillPath(shape, toQColor(color));
 }
 
 void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
@@ -117,14 +108,14 @@ void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
         }
     }
     if (isOutlined) {
-        painter_.fillPath(shape, qtColor(stroke.color));
+        painter_.fillPath(shape, toQColor(stroke.color));
     } else {
         painter_.strokePath(shape, qtPen(stroke));
     }
 }
 
 void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
-    if (thinLineRenderer_.stroke(painter_, lines, qtColor(color), width, visibleArea(0))) return;
+    if (thinLineRenderer_.stroke(painter_, lines, toQColor(color), width, visibleArea(0))) return;
     for (std::size_t i = 0; i < lines.starts.size(); ++i) {
         const auto begin = lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i]);
         const auto end =
@@ -141,31 +132,31 @@ void QtCanvas::fillRect(const Rect& rect, const Color& color) {
     const double top = boundedCoordinate(rect.y);
     const QRectF bounded(QPointF(left, top), QPointF(boundedCoordinate(rect.x + rect.width),
                                                      boundedCoordinate(rect.y + rect.height)));
-    painter_.fillRect(bounded.normalized().intersected(visibleArea(2)), qtColor(color));
+    painter_.fillRect(bounded.normalized().intersected(visibleArea(2)), toQColor(color));
 }
 
 void QtCanvas::fillRoundedRect(const Rect& rect, double radius, const Color& color) {
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(qtColor(color));
-    painter_.drawRoundedRect(qtRect(rect), radius, radius);
+    painter_.setBrush(toQColor(color));
+    painter_.drawRoundedRect(toQRectF(rect), radius, radius);
 }
 
 void QtCanvas::strokeRoundedRect(const Rect& rect, double radius, const Stroke& stroke) {
     painter_.setPen(qtPen(stroke));
     painter_.setBrush(Qt::NoBrush);
-    painter_.drawRoundedRect(qtRect(rect), radius, radius);
+    painter_.drawRoundedRect(toQRectF(rect), radius, radius);
 }
 
 void QtCanvas::fillCircle(Point center, double radius, const Color& color) {
     const QRectF area = visibleArea(2);
     if (!reaches(area, center, radius)) return;
     if (covers(area, center, radius)) {
-        painter_.fillRect(area, qtColor(color));
+        painter_.fillRect(area, toQColor(color));
         return;
     }
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(qtColor(color));
-    painter_.drawEllipse(qtPoint(center), radius, radius);
+    painter_.setBrush(toQColor(color));
+    painter_.drawEllipse(toQPointF(center), radius, radius);
 }
 
 void QtCanvas::strokeCircle(Point center, double radius, const Stroke& stroke) {
@@ -173,28 +164,28 @@ void QtCanvas::strokeCircle(Point center, double radius, const Stroke& stroke) {
     if (!reaches(area, center, radius) || covers(area, center, radius)) return;
     painter_.setPen(qtPen(stroke));
     painter_.setBrush(Qt::NoBrush);
-    painter_.drawEllipse(qtPoint(center), radius, radius);
+    painter_.drawEllipse(toQPointF(center), radius, radius);
 }
 
 void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
     const QRectF area = visibleArea(2);
     if (wedge.radius <= 0 || !reaches(area, wedge.center, wedge.radius)) return;
     // Beyond the farthest corner the arc is out of sight, wherever it runs.
-    const double radius = std::min(wedge.radius, 2 * farthestCorner(qtPoint(wedge.center), area));
+    const double radius = std::min(wedge.radius, 2 * farthestCorner(toQPointF(wedge.center), area));
     const QRectF box(wedge.center.x - radius, wedge.center.y - radius, 2 * radius, 2 * radius);
-    QPainterPath shape(qtPoint(wedge.center));
+    QPainterPath shape(toQPointF(wedge.center));
     // Qt counts angles counter-clockwise from east.
     shape.arcTo(box, 90 - wedge.startBearing, wedge.startBearing - wedge.endBearing);
     shape.closeSubpath();
-    painter_.fillPath(shape, qtColor(color));
+    painter_.fillPath(shape, toQColor(color));
 }
 
 void QtCanvas::drawText(std::string_view text, Point center, const TextStyle& style) {
     if (!reaches(visibleArea(1000), center, 0)) return;
     const QFont font = canvasFont(painter_.font(), style);
     painter_.setFont(font);
-    painter_.setPen(qtColor(style.color));
-    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    painter_.setPen(toQColor(style.color));
+    const QString line = base::toQString(text);
     const QFontMetricsF metrics(font, painter_.device());
     const double left = center.x - metrics.horizontalAdvance(line) / 2;
     const double baseline = center.y + (metrics.ascent() - metrics.descent()) / 2;
@@ -208,7 +199,7 @@ void QtCanvas::scale(double factor) { painter_.scale(factor, factor); }
 
 void QtCanvas::clipRoundedRect(const Rect& rect, double radius) {
     QPainterPath shape;
-    shape.addRoundedRect(qtRect(rect), radius, radius);
+    shape.addRoundedRect(toQRectF(rect), radius, radius);
     painter_.setClipPath(shape, Qt::IntersectClip);
 }
 

@@ -9,6 +9,7 @@
 #include <QNetworkRequest>
 #include <QUrl>
 
+#include "base/qt/qstring.h"
 #include "net/qt/http_transfer.h"
 
 namespace kalvo::net {
@@ -40,7 +41,7 @@ base::Failure failure(QNetworkReply::NetworkError code, const std::string& messa
 
 base::Task<base::Result<std::string>> QtHttpSession::get(HttpRequest request) {
     const QDeadlineTimer deadline(kDeadlineFactor * request.timeout);
-    QUrl url(QString::fromStdString(request.url), QUrl::StrictMode);
+    QUrl url(base::toQString(request.url), QUrl::StrictMode);
     const std::string host = url.host().toStdString();
     if (!isSafe(url)) {
         co_return failure(QNetworkReply::ProtocolUnknownError,

@@ -1,4 +1,5 @@
 #include "net/url.h"
+#include "base/qt/qstring.h"
 
 #include <QByteArray>
 #include <QString>
@@ -9,8 +10,7 @@
 namespace kalvo::net {
 
 bool isValidUrl(std::string_view text) {
-    const QUrl url(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
-                   QUrl::StrictMode);
+    const QUrl url(base::toQString(text), QUrl::StrictMode);
     // "https:https://host/" is an address to QUrl, one with a path and no host.
     return url.isValid() && !url.host().isEmpty();
 }
