@@ -90,9 +90,7 @@ void GlobeWidget::describe() {
                                 "fermare o riprendere la rotazione."));
 }
 
-graphics::Size GlobeWidget::viewSize() const {
-    return graphics::toSize(size());
-}
+graphics::Size GlobeWidget::viewSize() const { return graphics::toSize(size()); }
 
 void GlobeWidget::makeScene() {
     const std::vector<engine::CountryRing>& rings = countryRings_();

@@ -73,9 +73,7 @@ void MapWidget::setView(const MapView& view) {
 
 QSize MapWidget::sizeHint() const { return {640, 400}; }
 
-graphics::Size MapWidget::viewSize() const {
-    return graphics::toSize(size());
-}
+graphics::Size MapWidget::viewSize() const { return graphics::toSize(size()); }
 
 const MapScene& MapWidget::scene() {
     if (!scene_) scene_ = MapScene::make(view_.geoData.value_or(geojson::GeoMapData{}), viewSize());
