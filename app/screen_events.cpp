@@ -14,7 +14,7 @@ ScreenEvents::Fields ScreenEvents::current() const {
             .selectedLocationLabel = state_.selectedLocationLabel};
 }
 
-void ScreenEvents::fire() {
+void ScreenEvents::dispatch() {
     for (Fields now = current(); now != drawn_; now = current()) {
         const Fields before = std::exchange(drawn_, now);
         if (before.selectedCountry != now.selectedCountry) {

@@ -15,7 +15,7 @@ class ScreenEvents {
 
     /// Runs what the fields that changed since the last call ask for, then what those operations
     /// changed in turn, until nothing differs. To be called before each redraw.
-    void fire();
+    void dispatch();
 
  private:
     /// The fields whose changes are events.

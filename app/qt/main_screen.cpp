@@ -46,7 +46,7 @@ MainScreen::MainScreen(const Services& services, QWidget* parent)
 }
 
 void MainScreen::redraw() {
-    events_.fire();
+    events_.dispatch();
     sidebar_->showState();
     details_->showState();
     flushLayoutRequests();

@@ -90,10 +90,10 @@ void chooseItaly(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         grown.content.selectedCountry = app::kOnlineCountry;
-        events.fire();
+        events.dispatch();
         state.ResumeTiming();
         grown.content.selectedCountry = "Italia";
-        events.fire();
+        events.dispatch();
     }
 }
 
@@ -102,12 +102,12 @@ void keystroke(benchmark::State& state) {
     grown.content.initializeDatabase();
     app::ScreenEvents events(grown.content);
     grown.content.selectedCountry = "Italia";
-    events.fire();
+    events.dispatch();
     const std::string text = "roma";
     std::size_t length = 0;
     for ([[maybe_unused]] auto _ : state) {
         grown.content.searchText = text.substr(0, length++ % (text.size() + 1));
-        events.fire();
+        events.dispatch();
     }
 }
 

@@ -52,7 +52,7 @@ void keystroke(benchmark::State& state, const char* typed) {
     std::size_t length = 0;
     for ([[maybe_unused]] auto iteration : state) {
         content.searchText = text.substr(0, length++ % (text.size() + 1));
-        events.fire();
+        events.dispatch();
     }
     content.searchText.clear();
 }

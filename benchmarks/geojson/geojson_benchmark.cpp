@@ -11,7 +11,7 @@
 #include "base/bundle.h"
 #include "geojson/geojson.h"
 
-/// The road from the text of a GeoJSON file to the model, beside the bare parse that it cannot do
+/// The path from the text of a GeoJSON file to the model, beside the bare parse that it cannot do
 /// without and the trees of two general readers.
 namespace {
 

@@ -1,6 +1,6 @@
 // Works the real window at random and watches that nothing breaks: kalvo_monkey [events] [seed].
 // It fails on a state that is not sound, on a hang of the interface thread and on memory that
-// keeps growing; a crash fails by itself. The seed is printed, so that a run can be had again.
+// keeps growing; a crash fails by itself. The seed is printed, so that a run can be repeated.
 
 #include <algorithm>
 #include <chrono>
