@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,8 @@ struct PlaceArgs {
     std::optional<double> lon;  // degrees east
     std::string_view region;
 };
+
+struct MonthlyProduction;
 
 /// The models behind the figures: pure functions without state.
 class CalculationEngine {
@@ -69,6 +72,18 @@ class CalculationEngine {
 
     /// kWh per year of a photovoltaic plant of `kw` kWp, a whole number.
     [[nodiscard]] static double calculateSolarProduction(const SolarData& solarData, int kw);
+
+    /// The gross production of `quantity` turbines of `kw` split over the months as the days of
+    /// their wind-speed classes yield (defined in engine/monthly_production.h). The months add up
+    /// exactly to `calculateProductionFromDistribution(dist, kw) * quantity`; nothing when that is
+    /// no finite number.
+    [[nodiscard]] static std::optional<MonthlyProduction> calculateMonthlyWindProduction(
+        const WindDistribution& dist, int kw, std::int64_t quantity);
+
+    /// The same of `quantity` photovoltaic plants of `kw` kWp: the months add up exactly to
+    /// `calculateSolarProduction(solarData, kw) * quantity`.
+    [[nodiscard]] static std::optional<MonthlyProduction> calculateMonthlySolarProduction(
+        const SolarData& solarData, int kw, std::int64_t quantity);
 
     /// An energy for display: no fraction (ties to even), thousands grouped with ".".
     [[nodiscard]] static std::string formatKWh(double kwh);

@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 
 #include "engine/calculation_engine.h"
-#include "engine/wind_range.h"
+#include "engine/class_output.h"
 
 namespace kalvo::engine {
 
@@ -32,24 +32,15 @@ double sum(const std::vector<double>& numbers) {
 double CalculationEngine::calculateProductionFromDistribution(const WindDistribution& dist,
                                                               int kw) {
     const std::array<double, WindRange::kCount> days = daysPerClass(dist);
-    // kWh per day in each class. Only the classes from 10 km/h up count by the hour, and the
-    // largest turbine is held back to 2 kW above 30 km/h.
-    switch (kw) {
-        case 1:
-            return std::round(0.25 * days[2] + 0.5 * 24 * days[3] + 24 * days[4] +
-                              24 * (days[5] + days[6]));
-        case 2:
-            return std::round(0.5 * days[2] + 24 * days[3] + 2 * 24 * days[4] +
-                              2 * 24 * (days[5] + days[6]));
-        default:
-            return std::round(1.5 * 24 * days[3] + 3 * 24 * days[4] + 2 * 24 * (days[5] + days[6]));
-    }
+    const std::array<double, WindRange::kCount> output = kwhPerDay(kw);
+    return std::round(output[2] * days[2] + output[3] * days[3] + output[4] * days[4] +
+                      output[5] * (days[5] + days[6]));
 }
 
 double CalculationEngine::calculateSolarProduction(const SolarData& solarData, int kw) {
-    // kWh per kWp and day under each sky.
-    const double perKw = 5.5 * sum(solarData.sunny) + 2.8 * sum(solarData.partlyCloudy) +
-                         0.8 * sum(solarData.overcast);
+    const double perKw = kSunnyYield * sum(solarData.sunny) +
+                         kPartlyCloudyYield * sum(solarData.partlyCloudy) +
+                         kOvercastYield * sum(solarData.overcast);
     return std::round(kw * perKw);
 }
 
