@@ -68,7 +68,7 @@ void GlobeLines::projectWhole(const Line& line,
                               const GlobeProjection& projection,
                               graphics::LineBatch& visible) const {
     const std::size_t start = visible.points.size();
-    visible.starts.push_back(start);
+    visible.beginLine();
     visible.points.resize(start + line.end - line.begin);
     graphics::Point* points = visible.points.data() + start;
     for (std::size_t i = line.begin; i < line.end; ++i) {
@@ -87,7 +87,7 @@ void GlobeLines::projectPart(const Line& line,
             joined = false;
             continue;
         }
-        if (!joined) visible.starts.push_back(visible.points.size());
+        if (!joined) visible.beginLine();
         visible.points.push_back(point);
         joined = true;
     }

@@ -14,13 +14,11 @@ namespace kalvo::graphics {
 struct Polyline {
     std::vector<Point> points;
     bool closed;
-    friend bool operator==(const Polyline&, const Polyline&) = default;
 };
 
 /// One or more polylines that are filled or stroked together (non-zero winding).
 struct Path {
     std::vector<Polyline> polylines;
-    friend bool operator==(const Path&, const Path&) = default;
 };
 
 /// How a line is drawn: butt caps, miter joins (limit 10). `dash` holds the lengths of dashes and
@@ -29,7 +27,6 @@ struct Stroke {
     Color color;
     double width;  // points
     std::vector<double> dash{};
-    friend bool operator==(const Stroke&, const Stroke&) = default;
 };
 
 /// A slice of a disc: from the center along `startBearing`, along the arc to `endBearing`, and
@@ -39,7 +36,6 @@ struct Wedge {
     double radius;        // points
     double startBearing;  // degrees
     double endBearing;    // degrees, not smaller than startBearing
-    friend bool operator==(const Wedge&, const Wedge&) = default;
 };
 
 /// The application's sans-serif at a size in points; `bold` is drawn semibold.
@@ -47,20 +43,26 @@ struct TextStyle {
     double size;
     bool bold;
     Color color;
-    friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
-/// Many open lines in flat storage: line i holds the points from starts[i] up to starts[i + 1]
-/// (the last one up to the end). Reused from frame to frame without allocating.
+/// Many open lines in flat storage: line i holds the points from offsets[i] up to offsets[i + 1],
+/// the last one those up to the end. Reused from frame to frame without allocating.
 struct LineBatch {
     std::vector<Point> points;
-    std::vector<std::size_t> starts;
+    std::vector<std::size_t> offsets;
 
     void clear() {
         points.clear();
-        starts.clear();
+        offsets.clear();
     }
-    friend bool operator==(const LineBatch&, const LineBatch&) = default;
+    /// Starts a line, which takes the points appended from now on.
+    void beginLine() { offsets.push_back(points.size()); }
+
+    [[nodiscard]] std::size_t lineCount() const { return offsets.size(); }
+    [[nodiscard]] std::span<const Point> line(std::size_t i) const {
+        const std::size_t end = i + 1 < offsets.size() ? offsets[i + 1] : points.size();
+        return std::span(points).subspan(offsets[i], end - offsets[i]);
+    }
 };
 
 /// A surface to draw on, all coordinates in points. Drawings are antialiased. Geometry may lie
@@ -80,7 +82,7 @@ class Canvas {
     virtual void fillCircle(Point center, double radius, const Color& color) = 0;
     virtual void strokeCircle(Point center, double radius, const Stroke& stroke) = 0;
     virtual void fillWedge(const Wedge& wedge, const Color& color) = 0;
-    /// Draws one line of UTF-8 text whose box is centerd on `center`.
+    /// Draws one line of UTF-8 text whose box is centered on `center`.
     virtual void drawText(std::string_view text, Point center, const TextStyle& style) = 0;
 
     virtual void save() = 0;

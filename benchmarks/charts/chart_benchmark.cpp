@@ -9,7 +9,6 @@
 #include "charts/wind_rose_chart_view.h"
 #include "engine/calculation_engine.h"
 #include "graphics/qt/qt_canvas.h"
-#include "tests/support/recording_canvas.h"
 
 // What a frame of each chart costs, as commands and as pixels, with ordinary values and with
 // values as they may come from the web.
@@ -61,17 +60,6 @@ QImage paper() {
 }
 
 template <class View>
-void recorded(benchmark::State& state) {
-    const View view = chartOf<View>(false);
-    tests::RecordingCanvas canvas;
-    for ([[maybe_unused]] auto _ : state) {
-        canvas.commands.clear();
-        view.draw(canvas, kSize);
-        benchmark::DoNotOptimize(canvas.commands.data());
-    }
-}
-
-template <class View>
 void painted(benchmark::State& state) {
     const View view = chartOf<View>(state.range(0) != 0);
     QImage image = paper();
@@ -104,9 +92,6 @@ void lineUncut(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(recorded<WindChartView>);
-BENCHMARK(recorded<WindRoseChartView>);
-BENCHMARK(recorded<SolarChartView>);
 BENCHMARK(painted<WindChartView>)->ArgName("endless")->Arg(0)->Arg(1);
 BENCHMARK(painted<WindRoseChartView>)->ArgName("endless")->Arg(0)->Arg(1);
 BENCHMARK(painted<SolarChartView>)->ArgName("endless")->Arg(0)->Arg(1);

@@ -108,13 +108,10 @@ void strokeOutlinesByDrawLines(benchmark::State& state) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(geo::plain::pen("#2ebd5e", 1.2));
         QList<QLineF> segments;
-        for (std::size_t i = 0; i < lines.starts.size(); ++i) {
-            const std::size_t end =
-                i + 1 < lines.starts.size() ? lines.starts[i + 1] : lines.points.size();
-            for (std::size_t j = lines.starts[i] + 1; j < end; ++j) {
-                const graphics::Point from = lines.points[j - 1];
-                const graphics::Point to = lines.points[j];
-                segments.emplace_back(from.x, from.y, to.x, to.y);
+        for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+            const std::span<const graphics::Point> line = lines.line(i);
+            for (std::size_t j = 1; j < line.size(); ++j) {
+                segments.emplace_back(line[j - 1].x, line[j - 1].y, line[j].x, line[j].y);
             }
         }
         painter.drawLines(segments);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -40,15 +41,15 @@ double farthestCorner(const QPointF& from, const QRectF& rect) {
     return std::hypot(dx, dy);
 }
 
-/// Whether a circle comes anywhere near the area; false for one that is not made of numbers or
-/// has no inside.
-bool reaches(const QRectF& area, Point center, double radius) {
+/// Whether the square around a circle intersects the area; false for a circle that is not made of
+/// numbers or has a negative radius.
+bool intersectsCircle(const QRectF& area, Point center, double radius) {
     return radius >= 0 && std::abs(center.x - area.center().x()) <= radius + area.width() / 2 &&
            std::abs(center.y - area.center().y()) <= radius + area.height() / 2;
 }
 
-/// Whether the whole area lies inside a circle.
-bool covers(const QRectF& area, Point center, double radius) {
+/// Whether a circle contains the whole area.
+bool circleContains(Point center, double radius, const QRectF& area) {
     return farthestCorner(toQPointF(center), area) < radius;
 }
 
@@ -90,7 +91,7 @@ void QtCanvas::fillPath(const Path& path, const Color& color) {
 }
 
 void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
-    // Lines of up to a pixel have a fast way of their own inside QPainter.
+    // QPainter has a fast path for lines of up to a pixel.
     const bool isThin = stroke.width * painter_.deviceTransform().m11() <= 1;
     const bool isOutlined = stroke.dash.empty() && !isThin;
     QPainterPath shape;
@@ -116,13 +117,9 @@ void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
 
 void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
     if (thinLineRenderer_.stroke(painter_, lines, toQColor(color), width, visibleArea(0))) return;
-    for (std::size_t i = 0; i < lines.starts.size(); ++i) {
-        const auto begin = lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i]);
-        const auto end =
-            i + 1 < lines.starts.size()
-                ? lines.points.begin() + static_cast<std::ptrdiff_t>(lines.starts[i + 1])
-                : lines.points.end();
-        strokePath({{{.points = {begin, end}, .closed = false}}}, {color, width});
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        const std::span<const Point> line = lines.line(i);
+        strokePath({{{.points = {line.begin(), line.end()}, .closed = false}}}, {color, width});
     }
 }
 
@@ -149,8 +146,8 @@ void QtCanvas::strokeRoundedRect(const Rect& rect, double radius, const Stroke& 
 
 void QtCanvas::fillCircle(Point center, double radius, const Color& color) {
     const QRectF area = visibleArea(2);
-    if (!reaches(area, center, radius)) return;
-    if (covers(area, center, radius)) {
+    if (!intersectsCircle(area, center, radius)) return;
+    if (circleContains(center, radius, area)) {
         painter_.fillRect(area, toQColor(color));
         return;
     }
@@ -161,7 +158,7 @@ void QtCanvas::fillCircle(Point center, double radius, const Color& color) {
 
 void QtCanvas::strokeCircle(Point center, double radius, const Stroke& stroke) {
     const QRectF area = visibleArea(2 + stroke.width);
-    if (!reaches(area, center, radius) || covers(area, center, radius)) return;
+    if (!intersectsCircle(area, center, radius) || circleContains(center, radius, area)) return;
     painter_.setPen(qtPen(stroke));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawEllipse(toQPointF(center), radius, radius);
@@ -169,7 +166,7 @@ void QtCanvas::strokeCircle(Point center, double radius, const Stroke& stroke) {
 
 void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
     const QRectF area = visibleArea(2);
-    if (wedge.radius <= 0 || !reaches(area, wedge.center, wedge.radius)) return;
+    if (wedge.radius <= 0 || !intersectsCircle(area, wedge.center, wedge.radius)) return;
     // Beyond the farthest corner the arc is out of sight, wherever it runs.
     const double radius = std::min(wedge.radius, 2 * farthestCorner(toQPointF(wedge.center), area));
     const QRectF box(wedge.center.x - radius, wedge.center.y - radius, 2 * radius, 2 * radius);
@@ -181,7 +178,7 @@ void QtCanvas::fillWedge(const Wedge& wedge, const Color& color) {
 }
 
 void QtCanvas::drawText(std::string_view text, Point center, const TextStyle& style) {
-    if (!reaches(visibleArea(1000), center, 0)) return;
+    if (!intersectsCircle(visibleArea(1000), center, 0)) return;
     const QFont font = canvasFont(painter_.font(), style);
     painter_.setFont(font);
     painter_.setPen(toQColor(style.color));

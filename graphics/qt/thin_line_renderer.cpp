@@ -131,12 +131,10 @@ bool ThinLineRenderer::stroke(QPainter& painter,
     mask_.reset((area.width() + kWord - 1) / kWord * kWord, area.height());
     const ToMask toMask{static_cast<float>(scale), static_cast<float>(toPixels.dx() - area.left()),
                         static_cast<float>(toPixels.dy() - area.top())};
-    const std::span<const Point> points = lines.points;
-    for (std::size_t i = 0; i < lines.starts.size(); ++i) {
-        const std::size_t begin = lines.starts[i];
-        const std::size_t end = i + 1 < lines.starts.size() ? lines.starts[i + 1] : points.size();
-        if (begin == end) continue;
-        placeVertices(points.subspan(begin, end - begin), toMask, vertices_);
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        const std::span<const Point> line = lines.line(i);
+        if (line.empty()) continue;
+        placeVertices(line, toMask, vertices_);
         mask_.add(vertices_, pixelWidth);
     }
     blend(painter, area.topLeft(), color);

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/drawing.h"
+#include "tests/support/recording_canvas.h"
 
 namespace kalvo::charts {
 namespace {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/geojson/geojson_texts.h"
-#include "tests/support/drawing.h"
+#include "tests/support/recording_canvas.h"
 
 namespace kalvo::geo {
 namespace {

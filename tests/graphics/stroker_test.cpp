@@ -43,7 +43,7 @@ QImage strokedByQt(const ClippedPolyline& line, double width) {
     });
 }
 
-TEST(StrokeOutline, PaintsWhatQPainterStrokes) {
+TEST(Stroker, PaintsWhatQPainterStrokes) {
     ClippedPolyline jaggedCoast{{}, true};
     for (int i = 0; i < 300; ++i) {
         const double angle = 2 * 3.14159265 * i / 300;
@@ -65,7 +65,7 @@ TEST(StrokeOutline, PaintsWhatQPainterStrokes) {
     }
 }
 
-TEST(StrokeOutline, EndsWhereItShould) {
+TEST(Stroker, EndsAtCapsAndMiters) {
     // The lines of the two tips meet at 12 and at 9 degrees: miters of 9.6 and of 12.5 widths,
     // of which the second is cut off.
     const QImage tip = outlined({{{10, 45.8}, {50, 50}, {10, 54.2}}, false}, 4);

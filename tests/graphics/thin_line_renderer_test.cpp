@@ -27,7 +27,7 @@ struct Covers {
     }
 };
 
-TEST(CoverageMaskTest, ACornerIsMiterdAndAHairpinIsNot) {
+TEST(CoverageMask, MitersACornerButNoHairpin) {
     // The outer corner of a right angle is filled; a spike would reach far beyond a hairpin.
     const Covers corner({{10, 20}, {20, 20}, {20, 30}}, 4);
     EXPECT_NEAR(corner.at(21, 18), 1, 0.01);
@@ -48,13 +48,9 @@ QImage painted(const LineBatch& lines, double width, double scale, const QTransf
     painter.setTransform(transform);
     QPen pen(Qt::black, width, Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
     pen.setMiterLimit(2);
-    for (std::size_t i = 0; i < lines.starts.size(); ++i) {
-        const bool isLast = i + 1 == lines.starts.size();
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
         QPolygonF line;
-        for (std::size_t j = lines.starts[i];
-             j < (isLast ? lines.points.size() : lines.starts[i + 1]); ++j) {
-            line << QPointF(lines.points[j].x, lines.points[j].y);
-        }
+        for (const Point& point : lines.line(i)) line << QPointF(point.x, point.y);
         QPainterPath path;
         path.addPolygon(line);
         painter.strokePath(path, pen);
@@ -86,11 +82,11 @@ LineBatch raysAndWave() {
     LineBatch lines;
     for (int degrees = 0; degrees < 360; degrees += 15) {
         const double angle = degrees * 3.141592653589793 / 180;
-        lines.starts.push_back(lines.points.size());
+        lines.beginLine();
         lines.points.push_back({45 + 12 * std::cos(angle), 42 + 12 * std::sin(angle)});
         lines.points.push_back({45 + 38 * std::cos(angle), 42 + 38 * std::sin(angle)});
     }
-    lines.starts.push_back(lines.points.size());
+    lines.beginLine();
     for (int i = 0; i < 53; ++i) {
         const double y = 5 + 1.5 * i;
         lines.points.push_back({100 + 9 * std::sin(y / 9), y});
@@ -98,7 +94,7 @@ LineBatch raysAndWave() {
     return lines;
 }
 
-TEST(ThinLinesTest, LookAsThePainterStrokesThem) {
+TEST(ThinLineRenderer, LooksLikeThePaintersStrokes) {
     const LineBatch lines = raysAndWave();
     for (const double scale : {1.0, 1.5, 2.0}) {
         // Thinner ones the painter draws by a short cut of its own, less exactly.
@@ -113,13 +109,13 @@ TEST(ThinLinesTest, LookAsThePainterStrokesThem) {
     }
 }
 
-TEST(ThinLinesTest, WhatTheMaskCannotDoThePainterDoes) {
+TEST(ThinLineRenderer, LeavesToThePainterWhatTheMaskCannotDo) {
     LineBatch lines = raysAndWave();
     const QTransform turned = QTransform().rotate(20).scale(0.5, 0.5);
     EXPECT_LT(deviation(lines, 1.2, 1, turned).mean, 0.5);
     EXPECT_LT(deviation(lines, 9).mean, 0.5);
     // Far out of sight, and not a number: the rest stays as it is.
-    lines.starts.push_back(lines.points.size());
+    lines.beginLine();
     lines.points.insert(lines.points.end(), {{60, 45}, {1e300, 45}});
     LineBatch finite = lines;
     finite.points.back() = {200, 45};
@@ -127,11 +123,11 @@ TEST(ThinLinesTest, WhatTheMaskCannotDoThePainterDoes) {
     lines.points.back() = {std::numeric_limits<double>::quiet_NaN(), 0};
     finite.points.pop_back();
     finite.points.pop_back();
-    finite.starts.pop_back();
+    finite.offsets.pop_back();
     EXPECT_LT(tests::difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
 }
 
-TEST(ThinLinesTest, LinesWithoutAPointOrALengthDrawNothing) {
+TEST(ThinLineRenderer, DrawsNothingForLinesWithoutLength) {
     for (const LineBatch& lines :
          {LineBatch{}, LineBatch{{}, {0}}, LineBatch{{{50, 50}}, {0}},
           LineBatch{{{50, 50}, {50, 50}, {50, 50}}, {0}}, LineBatch{{{0, 0}, {120, 90}}, {0, 1}}}) {
@@ -139,7 +135,7 @@ TEST(ThinLinesTest, LinesWithoutAPointOrALengthDrawNothing) {
     }
 }
 
-TEST(ThinLinesTest, TakeTheColorTheOpacityAndTheClip) {
+TEST(ThinLineRenderer, KeepsColorOpacityAndClip) {
     QImage image = tests::paper(kSize);
     QPainter painter(&image);
     QtCanvas canvas(painter, {120, 90});

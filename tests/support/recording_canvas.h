@@ -1,175 +1,151 @@
 #pragma once
 
+#include <cmath>
+#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
+
+#include <fmt/format.h>
 
 #include "graphics/canvas.h"
 
 namespace kalvo::tests {
 
-using graphics::Canvas;
-using graphics::Color;
-using graphics::LineBatch;
-using graphics::Path;
-using graphics::Point;
-using graphics::Rect;
-using graphics::Stroke;
-using graphics::TextStyle;
-using graphics::Wedge;
-
-/// The commands of a `Canvas` as plain values that compare equal, so that a test can say what a
-/// picture is made of.
-namespace draw {
-struct FillPath {
-    Path path;
-    Color color;
-    friend bool operator==(const FillPath&, const FillPath&) = default;
-};
-struct StrokePath {
-    Path path;
-    Stroke stroke;
-    friend bool operator==(const StrokePath&, const StrokePath&) = default;
-};
-struct StrokeLines {
-    LineBatch lines;
-    Color color;
-    double width;
-    friend bool operator==(const StrokeLines&, const StrokeLines&) = default;
-};
-struct FillRect {
-    Rect rect;
-    Color color;
-    friend bool operator==(const FillRect&, const FillRect&) = default;
-};
-struct FillRoundedRect {
-    Rect rect;
-    double radius;
-    Color color;
-    friend bool operator==(const FillRoundedRect&, const FillRoundedRect&) = default;
-};
-struct StrokeRoundedRect {
-    Rect rect;
-    double radius;
-    Stroke stroke;
-    friend bool operator==(const StrokeRoundedRect&, const StrokeRoundedRect&) = default;
-};
-struct FillCircle {
-    Point center;
-    double radius;
-    Color color;
-    friend bool operator==(const FillCircle&, const FillCircle&) = default;
-};
-struct StrokeCircle {
-    Point center;
-    double radius;
-    Stroke stroke;
-    friend bool operator==(const StrokeCircle&, const StrokeCircle&) = default;
-};
-struct FillWedge {
-    Wedge wedge;
-    Color color;
-    friend bool operator==(const FillWedge&, const FillWedge&) = default;
-};
-struct Text {
-    std::string text;
-    Point center;
-    TextStyle style;
-    friend bool operator==(const Text&, const Text&) = default;
-};
-struct Save {
-    friend bool operator==(const Save&, const Save&) = default;
-};
-struct Restore {
-    friend bool operator==(const Restore&, const Restore&) = default;
-};
-struct Translate {
-    double dx;
-    double dy;
-    friend bool operator==(const Translate&, const Translate&) = default;
-};
-struct Scale {
-    double factor;
-    friend bool operator==(const Scale&, const Scale&) = default;
-};
-struct ClipRoundedRect {
-    Rect rect;
-    double radius;
-    friend bool operator==(const ClipRoundedRect&, const ClipRoundedRect&) = default;
-};
-
-using Command = std::variant<FillPath,
-                             StrokePath,
-                             StrokeLines,
-                             FillRect,
-                             FillRoundedRect,
-                             StrokeRoundedRect,
-                             FillCircle,
-                             StrokeCircle,
-                             FillWedge,
-                             Text,
-                             Save,
-                             Restore,
-                             Translate,
-                             Scale,
-                             ClipRoundedRect>;
-}  // namespace draw
-
-/// A canvas that keeps what it is told, in order.
-class RecordingCanvas final : public Canvas {
+/// A canvas that writes down what it is told, one line of text a command, so that a test can
+/// compare a whole picture with a list. Lengths and coordinates are points, rounded where a
+/// double's last bits would show; colors are hexadecimal, with their opacity after an "@".
+class RecordingCanvas : public graphics::Canvas {
  public:
-    std::vector<draw::Command> commands;
+    std::vector<std::string> commands;
 
-    /// All recorded commands of one kind, in order.
-    template <class Kind>
-    [[nodiscard]] std::vector<Kind> all() const {
-        std::vector<Kind> found;
-        for (const draw::Command& command : commands) {
-            if (const Kind* match = std::get_if<Kind>(&command)) found.push_back(*match);
+    /// Returns the commands of one kind (their first word), in order.
+    [[nodiscard]] std::vector<std::string> ofKind(const std::string& kind) const {
+        std::vector<std::string> found;
+        for (const std::string& command : commands) {
+            if (command.starts_with(kind + " ")) found.push_back(command);
         }
         return found;
     }
 
-    void fillPath(const Path& path, const Color& color) override {
-        commands.emplace_back(draw::FillPath{path, color});
+    void fillPath(const graphics::Path& path, const graphics::Color& color) override {
+        record("area", color, path);
     }
-    void strokePath(const Path& path, const Stroke& stroke) override {
-        commands.emplace_back(draw::StrokePath{path, stroke});
+    void strokePath(const graphics::Path& path, const graphics::Stroke& stroke) override {
+        record("line", stroke, path);
     }
-    void strokeLines(const LineBatch& lines, const Color& color, double width) override {
-        commands.emplace_back(draw::StrokeLines{lines, color, width});
+    void strokeLines(const graphics::LineBatch& lines,
+                     const graphics::Color& color,
+                     double width) override {
+        record("lines", color, width, lines);
     }
-    void fillRect(const Rect& rect, const Color& color) override {
-        commands.emplace_back(draw::FillRect{rect, color});
+    void fillRect(const graphics::Rect& rect, const graphics::Color& color) override {
+        record("fill", color, rect);
     }
-    void fillRoundedRect(const Rect& rect, double radius, const Color& color) override {
-        commands.emplace_back(draw::FillRoundedRect{rect, radius, color});
+    void fillRoundedRect(const graphics::Rect& rect,
+                         double radius,
+                         const graphics::Color& color) override {
+        record("round", color, rect, radius);
     }
-    void strokeRoundedRect(const Rect& rect, double radius, const Stroke& stroke) override {
-        commands.emplace_back(draw::StrokeRoundedRect{rect, radius, stroke});
+    void strokeRoundedRect(const graphics::Rect& rect,
+                           double radius,
+                           const graphics::Stroke& stroke) override {
+        record("frame", stroke, rect, radius);
     }
-    void fillCircle(Point center, double radius, const Color& color) override {
-        commands.emplace_back(draw::FillCircle{center, radius, color});
+    void fillCircle(graphics::Point center, double radius, const graphics::Color& color) override {
+        record("disc", color, center, radius);
     }
-    void strokeCircle(Point center, double radius, const Stroke& stroke) override {
-        commands.emplace_back(draw::StrokeCircle{center, radius, stroke});
+    void strokeCircle(graphics::Point center,
+                      double radius,
+                      const graphics::Stroke& stroke) override {
+        record("ring", stroke, center, radius);
     }
-    void fillWedge(const Wedge& wedge, const Color& color) override {
-        commands.emplace_back(draw::FillWedge{wedge, color});
+    void fillWedge(const graphics::Wedge& wedge, const graphics::Color& color) override {
+        record("wedge", color, wedge);
     }
-    void drawText(std::string_view text, Point center, const TextStyle& style) override {
-        commands.emplace_back(draw::Text{std::string(text), center, style});
+    void drawText(std::string_view text,
+                  graphics::Point center,
+                  const graphics::TextStyle& style) override {
+        record("text", text, style, center);
     }
-    void save() override { commands.emplace_back(draw::Save{}); }
-    void restore() override { commands.emplace_back(draw::Restore{}); }
-    void translate(double dx, double dy) override {
-        commands.emplace_back(draw::Translate{dx, dy});
+    void save() override { record("save"); }
+    void restore() override { record("restore"); }
+    void translate(double dx, double dy) override { record("move", dx, dy); }
+    void scale(double factor) override { record("scale", factor); }
+    void clipRoundedRect(const graphics::Rect& rect, double radius) override {
+        record("clip", rect, radius);
     }
-    void scale(double factor) override { commands.emplace_back(draw::Scale{factor}); }
-    void clipRoundedRect(const Rect& rect, double radius) override {
-        commands.emplace_back(draw::ClipRoundedRect{rect, radius});
+
+ private:
+    template <class... Parts>
+    void record(std::string command, const Parts&... parts) {
+        ((command += " " + text(parts)), ...);
+        commands.push_back(command);
+    }
+
+    static std::string text(std::string_view words) { return std::string(words); }
+    static std::string text(double value) {
+        const bool isOrdinary = std::abs(value) < 1e6;
+        return fmt::format("{:.6g}", isOrdinary ? std::round(value * 1e6) / 1e6 + 0.0 : value);
+    }
+    static std::string text(graphics::Point at) { return text(at.x) + "," + text(at.y); }
+    static std::string text(const graphics::Rect& rect) {
+        return text(graphics::Point{rect.x, rect.y}) + " " + text(rect.width) + "x" +
+               text(rect.height);
+    }
+    static std::string text(const graphics::Color& color) {
+        const auto byte = [](double part) { return std::lround(part * 255); };
+        const std::string opacity = color.opacity == 1 ? "" : "@" + text(color.opacity);
+        if (color.withOpacity(1) == graphics::kGray) return "gray" + opacity;
+        return fmt::format("#{:02x}{:02x}{:02x}{}", byte(color.red), byte(color.green),
+                           byte(color.blue), opacity);
+    }
+    static std::string text(const graphics::Stroke& stroke) {
+        std::string found = text(stroke.color) + " " + text(stroke.width);
+        for (const double length : stroke.dash) found += "-" + text(length);
+        return found;
+    }
+    static std::string text(std::span<const graphics::Point> points) {
+        std::string found;
+        for (const graphics::Point& point : points) found += " " + text(point);
+        return found;
+    }
+    static std::string text(const graphics::Path& path) {
+        std::string found;
+        for (const graphics::Polyline& line : path.polylines) {
+            found += (line.closed ? "closed" : "open") + text(std::span(line.points));
+        }
+        return found;
+    }
+    /// A few points are all told, of many only how many there are.
+    static std::string text(const graphics::LineBatch& lines) {
+        constexpr std::size_t kFew = 10;
+        if (lines.points.size() > kFew) {
+            return fmt::format("{} of {} points", lines.lineCount(), lines.points.size());
+        }
+        std::string found;
+        for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+            found += (i == 0 ? "open" : " open") + text(lines.line(i));
+        }
+        return found;
+    }
+    static std::string text(const graphics::Wedge& wedge) {
+        return fmt::format("{} {} from {} to {}", text(wedge.center), text(wedge.radius),
+                           text(wedge.startBearing), text(wedge.endBearing));
+    }
+    static std::string text(const graphics::TextStyle& style) {
+        return text(style.color) + " " + text(style.size) + (style.bold ? " bold" : "");
     }
 };
+
+/// Returns what a view draws: the commands of one kind, or all of them.
+template <class View>
+[[nodiscard]] std::vector<std::string> drawn(const View& view,
+                                             graphics::Size size,
+                                             const std::string& kind = "") {
+    RecordingCanvas canvas;
+    view.draw(canvas, size);
+    return kind.empty() ? canvas.commands : canvas.ofKind(kind);
+}
 
 }  // namespace kalvo::tests
