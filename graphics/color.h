@@ -4,21 +4,21 @@
 
 namespace kalvo::graphics {
 
-/// An sRGB color; every component is a double from 0 to 1. It stands in the platform's room,
-/// not in the engine's, because `Canvas` paints with it.
+/// An sRGB color; every component is a double from 0 to 1.
 struct Color {
     double red;
     double green;
     double blue;
     double opacity;
 
-    /// The color that a hexadecimal text names: "#rgb", "#rrggbb" or "#aarrggbb", the leading
+    /// Returns the color that a hexadecimal text names: "#rgb", "#rrggbb" or "#aarrggbb", the
+    /// leading
     /// "#" (like any other sign or blank round the text) left out or not. Never fails: a text of
     /// another length gives the almost black, almost transparent (1, 1, 0, 1) / 255, and digits
     /// are read up to the first character that is none.
     [[nodiscard]] static Color hex(std::string_view text);
 
-    /// The same color at another opacity (0 to 1).
+    /// Returns the same color at another opacity (0 to 1).
     [[nodiscard]] Color withOpacity(double newOpacity) const {
         return {red, green, blue, newOpacity};
     }

@@ -10,6 +10,7 @@ namespace kalvo::graphics {
 
 namespace {
 
+/// Less than half the largest double: the difference of two coordinates stays finite.
 constexpr double kFarthest = 8e307;
 
 /// One side of the area, as the half plane that the area lies in.
@@ -18,17 +19,18 @@ struct Side {
     double bound;
     double inward;  // 1 where the coordinates grow into the area, else -1
 
-    [[nodiscard]] double depth(const QPointF& point) const {
+    /// Positive inside.
+    [[nodiscard]] double signedDistance(const QPointF& point) const {
         return inward * ((axis == Axis::kX ? point.x() : point.y()) - bound);
     }
 
     /// Where a segment with one end inside and one outside crosses the side. Measured from the end
     /// that is nearer: from an end at 1e300 the other one would be lost in rounding.
     [[nodiscard]] QPointF crossing(const QPointF& one, const QPointF& other) const {
-        const bool oneIsNearer = std::abs(depth(one)) <= std::abs(depth(other));
+        const bool oneIsNearer = std::abs(signedDistance(one)) <= std::abs(signedDistance(other));
         const QPointF& near = oneIsNearer ? one : other;
         const QPointF& far = oneIsNearer ? other : one;
-        const double share = depth(near) / (depth(near) - depth(far));
+        const double share = signedDistance(near) / (signedDistance(near) - signedDistance(far));
         const QPointF point = near + (far - near) * share;
         return axis == Axis::kX ? QPointF(bound, point.y()) : QPointF(point.x(), bound);
     }
@@ -73,9 +75,9 @@ QPolygonF clippedToSide(const QPolygonF& polygon, const Side& side) {
     for (qsizetype i = 0; i < polygon.size(); ++i) {
         const QPointF& from = polygon[i];
         const QPointF& to = polygon[(i + 1) % polygon.size()];
-        const bool fromInside = side.depth(from) >= 0;
+        const bool fromInside = side.signedDistance(from) >= 0;
         if (fromInside) kept << from;
-        if (fromInside != (side.depth(to) >= 0)) kept << side.crossing(from, to);
+        if (fromInside != (side.signedDistance(to) >= 0)) kept << side.crossing(from, to);
     }
     return kept;
 }
@@ -85,8 +87,8 @@ std::optional<std::pair<QPointF, QPointF>> clippedSegment(QPointF from,
                                                           QPointF to,
                                                           const std::array<Side, 4>& sides) {
     for (const Side& side : sides) {
-        const bool fromInside = side.depth(from) >= 0;
-        const bool toInside = side.depth(to) >= 0;
+        const bool fromInside = side.signedDistance(from) >= 0;
+        const bool toInside = side.signedDistance(to) >= 0;
         if (!fromInside && !toInside) return std::nullopt;
         if (fromInside == toInside) continue;
         (fromInside ? to : from) = side.crossing(from, to);
@@ -117,12 +119,12 @@ std::vector<ClippedPolyline> clippedStroke(const Polyline& line, const QRectF& a
         return {{std::move(points), line.closed}};
     }
     if (line.closed) {
-        // Begun out of sight, so that no corner in sight is torn into two ends.
+        // Starts out of sight, so that no corner in sight becomes two ends.
         std::rotate(points.begin(), outside, points.end());
         points.push_back(points.front());
     }
     const std::array<Side, 4> sides = sidesOf(area);
-    std::vector<ClippedPolyline> runs;
+    std::vector<ClippedPolyline> parts;
     bool joined = false;
     for (std::size_t i = 1; i < points.size(); ++i) {
         const auto visible = clippedSegment(points[i - 1], points[i], sides);
@@ -130,11 +132,11 @@ std::vector<ClippedPolyline> clippedStroke(const Polyline& line, const QRectF& a
             joined = false;
             continue;
         }
-        if (!joined || visible->first != points[i - 1]) runs.push_back({{visible->first}, false});
-        runs.back().points.push_back(visible->second);
+        if (!joined || visible->first != points[i - 1]) parts.push_back({{visible->first}, false});
+        parts.back().points.push_back(visible->second);
         joined = visible->second == points[i];
     }
-    return runs;
+    return parts;
 }
 
 }  // namespace kalvo::graphics

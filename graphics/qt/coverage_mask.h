@@ -7,15 +7,16 @@
 
 namespace kalvo::graphics {
 
-/// How far each pixel of a picture is covered by thin lines, as 0 to 256 and more: the covers of
-/// lines add up. A line's segments are cut where they meet, along the line that halves the angle,
-/// so that they leave neither seams nor knots and their outer edges meet in a miter.
+/// The coverage of each pixel of a picture by thin lines, as 0 to 256 and more: lines that overlap
+/// add up. Where two segments of a line meet, each ends at the miter line, which halves their
+/// angle: the coverage of one fades there as the other's sets in, which leaves neither a seam nor a
+/// knot.
 class CoverageMask {
  public:
     static constexpr std::uint16_t kFull = 256;
 
     /// The widest line, in pixels, and the longest miter, in widths of the line; a sharper corner
-    /// is cut off.
+    /// gets two butt ends.
     static constexpr float kMaxWidth = 5;
     static constexpr float kMiterLimit = 2;
 
@@ -24,29 +25,30 @@ class CoverageMask {
         float y;
     };
 
-    /// An empty mask of so many pixels. Storage is kept from one picture to the next.
+    /// Empties the mask and gives it so many pixels. Storage is kept from one picture to the next.
     void reset(int width, int height);
 
-    /// Adds an open line with butt ends. Neighboring vertices differ, and all that the line
-    /// covers lies on the mask: nothing reaches farther beyond a vertex than `margin(width)`.
+    /// Adds an open line with butt ends, `width` pixels wide, at most `kMaxWidth`. Neighboring
+    /// vertices differ, and each lies at least `margin(width)` pixels inside the mask, beyond which
+    /// no coverage spreads from a vertex. Debug builds assert it.
     void add(std::span<const Vertex> line, float width);
     [[nodiscard]] static float margin(float width) { return kMiterLimit / 2 * width + 2; }
 
     [[nodiscard]] int width() const { return width_; }
     [[nodiscard]] int height() const { return height_; }
     [[nodiscard]] std::span<const std::uint16_t> row(int y) const {
-        return {cover_.data() + static_cast<std::size_t>(y) * stride_,
+        return {coverage_.data() + static_cast<std::size_t>(y) * stride_,
                 static_cast<std::size_t>(width_)};
     }
 
  private:
-    /// An end of a piece: a point of the middle line, the direction that the cut is square to, and
-    /// how far the piece reaches beyond the point, to the tip of its miter and until its cover has
-    /// faded.
+    /// An end of a segment: its vertex; the normal of the miter line through it, of length 1 (at an
+    /// end of the whole line the segment's own direction); and how far coverage spreads beyond the
+    /// vertex, in pixels along the segment: to the tip of the miter, and until it has faded.
     struct Joint {
         Vertex at;
-        Vertex direction;
-        float beyond;
+        Vertex normal;
+        float overhang;
     };
     struct Segment {
         Joint start;
@@ -56,15 +58,15 @@ class CoverageMask {
     };
     struct Brush;
 
-    [[nodiscard]] static Segment piece(Vertex from, Vertex to);
-    static void join(Segment& one, Segment& other, float reach);
-    void add(const Segment& piece, const Brush& brush);
+    [[nodiscard]] static Segment makeSegment(Vertex from, Vertex to);
+    static void join(Segment& one, Segment& next, float halfWidth);
+    void add(const Segment& segment, const Brush& brush);
 
     int width_ = 0;
     int height_ = 0;
     std::size_t stride_ = 0;
-    std::vector<std::uint16_t> cover_;
-    std::vector<Segment> pieces_;  // of the line that is being added
+    std::vector<std::uint16_t> coverage_;
+    std::vector<Segment> segments_;  // of the line that is being added
 };
 
 }  // namespace kalvo::graphics

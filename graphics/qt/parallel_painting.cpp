@@ -5,29 +5,32 @@
 
 namespace kalvo::graphics {
 
-void paintTiles(QImage& image, const std::function<void(QPainter&, const QRectF& part)>& paint) {
-    // More bands than threads: what is drawn is seldom spread evenly over them.
-    constexpr int kBands = 4;
-    const double pixels = image.devicePixelRatio();
+void paintTiles(QImage& image, const std::function<void(QPainter&, const QRectF& tile)>& paint) {
+    // More tiles than threads, so that a thread done early takes over from a busy one: lines are
+    // seldom spread evenly over a picture.
+    constexpr int kTiles = 4;
+    const double scale = image.devicePixelRatio();
+    // Asked for once: `bits` detaches the image, which two threads must not do at a time.
     uchar* const rows = image.bits();
     const auto paintRows = [&](int top, int bottom) {
         if (top == bottom) return;
-        QImage band(rows + top * image.bytesPerLine(), image.width(), bottom - top,
+        QImage tile(rows + top * image.bytesPerLine(), image.width(), bottom - top,
                     image.bytesPerLine(), image.format());
-        band.setDevicePixelRatio(pixels);
-        QPainter painter(&band);
-        painter.translate(0, -top / pixels);
-        paint(painter, {0, top / pixels, image.width() / pixels, (bottom - top) / pixels});
+        tile.setDevicePixelRatio(scale);
+        QPainter painter(&tile);
+        painter.translate(0, -top / scale);
+        paint(painter, {0, top / scale, image.width() / scale, (bottom - top) / scale});
     };
     std::atomic<int> next = 0;
-    const auto paintBands = [&] {
-        for (int band = next++; band < kBands; band = next++) {
-            paintRows(image.height() * band / kBands, image.height() * (band + 1) / kBands);
+    const auto paintRemaining = [&] {
+        for (int tile = next++; tile < kTiles; tile = next++) {
+            paintRows(image.height() * tile / kTiles, image.height() * (tile + 1) / kTiles);
         }
     };
-    // Without a thread to be had it finds no band left.
-    std::future<void> other = std::async(paintBands);
-    paintBands();
+    // Where no thread can be started the standard library defers the call to `get`, by when no
+    // tile is left.
+    std::future<void> other = std::async(paintRemaining);
+    paintRemaining();
     other.get();
 }
 

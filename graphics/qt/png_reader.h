@@ -6,8 +6,8 @@
 
 namespace kalvo::graphics {
 
-/// The picture in the bytes of a PNG file, at most 4096 x 4096 pixels; a null image where there is
-/// none. QImage's own readers would load every image plugin of Qt first, just to ask it.
+/// Returns the picture in the bytes of a PNG file, at most 4096 x 4096 pixels; a null image where
+/// there is none. QImage's own readers would load every image plugin of Qt first, just to ask it.
 [[nodiscard]] QImage readPng(std::string_view bytes);
 
 }  // namespace kalvo::graphics

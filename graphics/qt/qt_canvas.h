@@ -8,7 +8,7 @@
 
 namespace kalvo::graphics {
 
-/// The font in which a canvas whose painter has the font `base` writes a text of this style.
+/// Returns the font in which a canvas whose painter has the font `base` writes a text.
 [[nodiscard]] QFont canvasFont(const QFont& base, const TextStyle& style);
 
 /// A `Canvas` on a `QPainter`, whose logical coordinates are the canvas's points. Geometry is
@@ -42,7 +42,7 @@ class QtCanvas final : public Canvas {
     void clipRoundedRect(const Rect& rect, double radius) override;
 
  private:
-    /// The surface in the current coordinates, widened on every side by `margin` points.
+    /// Returns the surface in the current coordinates, widened on every side by `margin` points.
     [[nodiscard]] QRectF visibleArea(double margin) const;
 
     QPainter& painter_;

@@ -39,13 +39,14 @@ void appendCorner(const Segment& before, const Segment& after, double reach, QPo
     const QPointF& corner = after.from;
     const double cross =
         before.normal.x() * after.normal.y() - before.normal.y() * after.normal.x();
-    // 1 where the line goes straight on, 0 where it turns back.
+    // 1 where the line goes straight on, 0 where it turns back: the squared cosine of half the
+    // turn.
     const double straightness = (1 + QPointF::dotProduct(before.normal, after.normal)) / 2;
     const bool isOuter = reach * cross > 0;
-    // An inner edge is cut back by its corner, which needs segments of that length.
-    const double room = std::min(before.length, after.length);
+    // At the inner side the edges meet before the corner, if both segments are long enough.
+    const double shorter = std::min(before.length, after.length);
     const bool meets = isOuter ? straightness * kMiterLimit * kMiterLimit >= 1
-                               : std::abs(reach * cross) <= 2 * straightness * room;
+                               : std::abs(reach * cross) <= 2 * straightness * shorter;
     if (meets && straightness > 0) {
         edge << corner + (before.normal + after.normal) * (reach / (2 * straightness));
         return;

@@ -12,7 +12,7 @@ namespace kalvo::graphics {
 
 /// Strokes thousands of short thin lines many times faster than `QPainter` strokes them one by
 /// one: their cover is gathered in a mask and blended once. Looks like the painter's antialiased
-/// strokes with butt caps and miterd joins. Kept from picture to picture it reuses its storage.
+/// strokes with butt caps and miter joins. Kept from picture to picture it reuses its storage.
 class ThinLineRenderer {
  public:
     /// Strokes the lines, and returns whether it did. It leaves them to others, having drawn
