@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <string>
 
+#include "base/shown_text.h"
+
 namespace kalvo::base {
 
 namespace {
@@ -10,12 +12,7 @@ namespace {
 class StandardOutput final : public Diagnostics {
  public:
     void print(std::string_view line) override {
-        std::string clean(line);
-        for (char& character : clean) {
-            const auto byte = static_cast<unsigned char>(character);
-            if (byte < 0x20 || byte == 0x7F) character = ' ';
-        }
-        clean += '\n';
+        const std::string clean = withoutControls(line) + '\n';
         std::fwrite(clean.data(), 1, clean.size(), stdout);
         std::fflush(stdout);
     }

@@ -4,15 +4,15 @@
 
 namespace kalvo::base {
 
-/// Where one-line messages for whoever runs the program from a terminal go.
+/// Takes one-line messages for whoever runs the program from a terminal.
 class Diagnostics {
  public:
     virtual ~Diagnostics() = default;
-    /// Writes the text as one line: control characters in it (a line break in a web answer, an
-    /// escape sequence) become blanks.
+    /// Writes a UTF-8 text as one line: whatever could break the line, steer the terminal or turn
+    /// the text round (see `withoutControls`) becomes a blank.
     virtual void print(std::string_view line) = 0;
 
-    /// The process's standard output.
+    /// Returns the one that writes to the process's standard output.
     [[nodiscard]] static Diagnostics& standardOutput();
 };
 

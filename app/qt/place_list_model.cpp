@@ -3,14 +3,16 @@
 #include <algorithm>
 
 #include "base/qt/qstring.h"
+#include "base/shown_text.h"
 
 namespace kalvo::app {
 
-void PlaceListModel::setNames(const std::vector<std::string>& names) {
-    if (names == names_) return;
+bool PlaceListModel::setNames(const std::vector<std::string>& names) {
+    if (names == names_) return false;
     beginResetModel();
     names_ = names;
     endResetModel();
+    return true;
 }
 
 int PlaceListModel::rowOf(const std::string& name) const {
@@ -24,7 +26,7 @@ int PlaceListModel::rowCount(const QModelIndex& parent) const {
 
 QVariant PlaceListModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
-    return base::toQString(name(index.row()));
+    return base::toQString(base::shownText(name(index.row())));
 }
 
 }  // namespace kalvo::app

@@ -15,8 +15,8 @@ class PlaceListModel final : public QAbstractListModel {
  public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Shows these names; does nothing when it shows them already.
-    void setNames(const std::vector<std::string>& names);
+    /// Shows these names; does nothing, and returns false, when it shows them already.
+    bool setNames(const std::vector<std::string>& names);
 
     /// The row of a name, or -1; the first one where it stands twice.
     [[nodiscard]] int rowOf(const std::string& name) const;

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "base/qt/qstring.h"
+#include "base/shown_text.h"
 #include "ui/divider.h"
 #include "ui/icons.h"
 #include "ui/spinner.h"
@@ -42,7 +43,8 @@ QString withNonBreakingUnits(QString text) {
 void showText(QLabel& label, const std::string& text) {
     const QString read = base::toQString(text);
     if (label.accessibleName() == read) return;
-    label.setText(withNonBreakingUnits(read));
+    // Else the longest word, which may be a place's country code, would widen the column.
+    label.setText(withNonBreakingUnits(base::toQString(base::withLineBreakOpportunities(text))));
     label.setAccessibleName(read);
     QAccessibleEvent announcement(&label, QAccessible::Alert);
     QAccessible::updateAccessibility(&announcement);
@@ -119,7 +121,7 @@ QLayout* ResultWidget::makeButtons() const {
 
 void ResultWidget::showState(const ContentView& state) {
     pages_->setCurrentWidget(state.isFetchingOnline ? progress_ : texts_);
-    showText(*details_, state.detailsText);
+    showText(*details_, base::shownText(state.detailsText));
     showText(*result_, state.resultText);
     showText(*solarResult_, state.pvResultText);
 }

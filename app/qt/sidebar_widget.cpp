@@ -22,6 +22,7 @@ constexpr int kSpacing = 16;
 constexpr int kGroupSpacing = 6;
 constexpr int kHeaderBottom = 12;
 constexpr int kPreferredWidth = 348;
+constexpr int kLongestEntry = 500;  // UTF-16 code units
 
 /// The title above a control, which names the control for screen readers and leads to it with its
 /// mnemonic.
@@ -40,6 +41,7 @@ QVBoxLayout* makeGroup() {
 
 QLineEdit* makeField(const QString& placeholder) {
     auto* field = new QLineEdit;
+    field->setMaxLength(kLongestEntry);
     field->setPlaceholderText(placeholder);
     return field;
 }
@@ -57,7 +59,8 @@ QLabel* makeAttribution() {
 }
 
 void showText(QLineEdit& field, const std::string& value) {
-    const QString shown = base::toQString(value);
+    // A field takes no more: with the whole of a longer text it would be filled again every time.
+    const QString shown = base::toQString(value).left(field.maxLength());
     if (field.text() != shown) field.setText(shown);
 }
 
@@ -246,7 +249,8 @@ void SidebarWidget::showState() {
     showText(*quantity_, state_.quantityString);
     showText(*search_, state_.searchText);
     searchButton_->setVisible(state_.selectedCountry == kOnlineCountry);
-    places_->setNames(state_.filteredLocationNames);
+    // Of a list that is open, the rows and the choice would be those of the names before.
+    if (places_->setNames(state_.filteredLocationNames)) place_->hidePopup();
     place_->setCurrentIndex(places_->rowOf(state_.selectedLocationLabel));
     result_->showState(state_);
 }

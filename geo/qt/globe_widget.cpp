@@ -12,6 +12,7 @@
 #include <QTimerEvent>
 
 #include "base/qt/qstring.h"
+#include "base/shown_text.h"
 #include "geo/coordinate_text.h"
 #include "geo/globe_gestures.h"
 #include "geo/globe_projection.h"
@@ -66,10 +67,12 @@ void GlobeWidget::setCenter(double lat, double lon) {
 void GlobeWidget::setTarget(std::optional<double> lat,
                             std::optional<double> lon,
                             const std::optional<std::string>& name) {
-    if (lat == view_.targetLat && lon == view_.targetLon && name == view_.targetName) return;
+    std::optional<std::string> shown;
+    if (name) shown = base::shownText(*name);
+    if (lat == view_.targetLat && lon == view_.targetLon && shown == view_.targetName) return;
     view_.targetLat = lat;
     view_.targetLon = lon;
-    view_.targetName = name;
+    view_.targetName = std::move(shown);
     describe();
     measureTexts();
     update();

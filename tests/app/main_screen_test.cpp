@@ -194,6 +194,32 @@ TEST_F(ScreenTest, ATextFromTheWebIsNeverMarkup) {
     EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
 }
 
+TEST_F(ScreenTest, NoTextWidensTheSidebar) {
+    const QWidget& page = *window->findChild<SidebarWidget*>()->widget();
+    const int before = page.minimumSizeHint().width();
+    for (const char letter : {'W', '9'}) {
+        state().detailsText.assign(1'000'000, letter);
+        state().resultText.assign(400, letter);
+        state().searchText = state().detailsText;
+        state().filteredLocationNames.assign(1, state().detailsText);
+        state().selectedLocationLabel = state().detailsText;
+        screen().redraw();
+        EXPECT_EQ(page.minimumSizeHint().width(), before);
+        EXPECT_LT(named<QComboBox>(text("Località Selezionata"))->currentText().size(), 300);
+    }
+}
+
+TEST_F(ScreenTest, APickerThatIsOpenClosesWhenItsPlacesChange) {
+    choose("Nazione", "Italia");
+    auto* places = named<QComboBox>(text("Località Selezionata"));
+    places->showPopup();
+    screen().redraw();
+    EXPECT_TRUE(places->view()->isVisible());
+    state().filteredLocationNames.resize(2);
+    screen().redraw();
+    EXPECT_FALSE(places->view()->isVisible());
+}
+
 TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
     choose("Nazione", "Italia");
     state().selectedCountry = "San Marino";

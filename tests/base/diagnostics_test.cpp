@@ -7,9 +7,9 @@ namespace {
 
 TEST(DiagnosticsTest, WhateverTheTextItIsOneLineThatCannotSteerATerminal) {
     testing::internal::CaptureStdout();
-    Diagnostics::standardOutput().print("Search error: è\r\nnot\tfound \x1B[2J\x7F");
+    Diagnostics::standardOutput().print("Search error: è\r\nnot\tfound \x1B[2J\u009B2J\u202E");
     Diagnostics::standardOutput().print("");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Search error: è  not found  [2J \n\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Search error: è  not found  [2J 2J \n\n");
 }
 
 }  // namespace

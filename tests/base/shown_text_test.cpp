@@ -1,0 +1,42 @@
+#include "base/shown_text.h"
+
+#include <gtest/gtest.h>
+
+namespace kalvo::base {
+namespace {
+
+std::string repeated(std::string_view text, std::size_t count) {
+    std::string all;
+    for (; count > 0; --count) all += text;
+    return all;
+}
+
+TEST(ShownText, IsCutAfterAWholeCodePoint) {
+    for (const char* letter : {"a", "è", "€", "🌍"}) {
+        const std::string longest = repeated(letter, kShownLength);
+        EXPECT_EQ(shownText(longest), longest);
+        EXPECT_EQ(shownText(longest + letter), longest + "…");
+    }
+    EXPECT_EQ(shownText(std::string(1000, '\x80')).size(), 4 * kShownLength + 3) << "no UTF-8";
+}
+
+TEST(ShownText, HasNothingThatActs) {
+    // Just outside and at both ends of each range.
+    const std::string text(
+        "\x1F !\0~\x7F|\u0080\u009F\u00A0|\u061B\u061C|\u200D\u200E\u200F\u2010|"
+        "\u2027\u2028\u202E\u202F|\u2065\u2066\u2069\u206A",
+        59);
+    EXPECT_EQ(shownText(text),
+              "  ! ~ |  \u00A0|\u061B |\u200D  \u2010|\u2027  \u202F|\u2065  \u206A");
+}
+
+TEST(ShownText, BreaksLongRunsOnly) {
+    EXPECT_EQ(withLineBreakOpportunities("Friuli-Venezia Giulia\n12.345.678 kWh/anno"),
+              "Friuli-Venezia Giulia\n12.345.678 kWh/anno");
+    const std::string run = repeated("è", 24);
+    EXPECT_EQ(withLineBreakOpportunities(run + " " + run + run + run + "è"),
+              run + " " + run + "\u200B" + run + "\u200B" + run + "\u200Bè");
+}
+
+}  // namespace
+}  // namespace kalvo::base
