@@ -5,6 +5,8 @@
 namespace kalvo::base {
 namespace {
 
+using std::string_view_literals::operator""sv;
+
 std::string repeated(std::string_view text, std::size_t count) {
     std::string all;
     for (; count > 0; --count) all += text;
@@ -17,16 +19,15 @@ TEST(ShownText, IsCutAfterAWholeCodePoint) {
         EXPECT_EQ(shownText(longest), longest);
         EXPECT_EQ(shownText(longest + letter), longest + "…");
     }
-    EXPECT_EQ(shownText(std::string(1000, '\x80')).size(), 4 * kShownLength + 3) << "no UTF-8";
+    EXPECT_EQ(shownText(std::string(1001, '\x80')).size(), 4 * kShownLength + 3) << "no UTF-8";
 }
 
 TEST(ShownText, HasNothingThatActs) {
     // Just outside and at both ends of each range.
-    const std::string text(
+    constexpr std::string_view kText =
         "\x1F !\0~\x7F|\u0080\u009F\u00A0|\u061B\u061C|\u200D\u200E\u200F\u2010|"
-        "\u2027\u2028\u202E\u202F|\u2065\u2066\u2069\u206A",
-        59);
-    EXPECT_EQ(shownText(text),
+        "\u2027\u2028\u202E\u202F|\u2065\u2066\u2069\u206A"sv;
+    EXPECT_EQ(shownText(kText),
               "  ! ~ |  \u00A0|\u061B |\u200D  \u2010|\u2027  \u202F|\u2065  \u206A");
 }
 
