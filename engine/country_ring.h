@@ -2,14 +2,9 @@
 
 #include <vector>
 
-namespace kalvo::engine {
+#include "engine/lat_lon.h"
 
-/// A position on the earth, in degrees north and east.
-struct LatLon {
-    double lat;
-    double lon;
-    friend bool operator==(const LatLon&, const LatLon&) = default;
-};
+namespace kalvo::engine {
 
 /// The outline of a piece of a country, in the order of its file.
 using CountryRing = std::vector<LatLon>;

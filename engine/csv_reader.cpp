@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
+#include <string>
 
 #include "base/text.h"
 
@@ -29,7 +31,7 @@ std::size_t newlineLength(std::string_view text) {
 
 }  // namespace
 
-void readRow(std::string_view& text, std::size_t limit, std::vector<std::string_view>& fields) {
+void readRow(std::string_view& text, std::size_t limit, CsvRow& fields) {
     const std::string_view rest = text;
     fields.clear();
     std::size_t start = 0;
@@ -62,6 +64,29 @@ void readRow(std::string_view& text, std::size_t limit, std::vector<std::string_
         fields.back().remove_suffix(line.size() - trimmed.size() - blanksBefore);
     }
     if (!fields.empty()) fields.front().remove_prefix(blanksBefore);
+}
+
+base::Result<std::vector<CsvRow>> readTable(std::string_view text, std::string_view columns) {
+    constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
+    const auto failed = [](std::string message) {
+        return base::Failure({"Table", 1, std::move(message)});
+    };
+    std::string_view rest = columns;
+    CsvRow expected;
+    readRow(rest, kAll, expected);
+    CsvRow header;
+    readRow(text, kAll, header);
+    if (header != expected) return failed("the columns are not " + std::string(columns));
+
+    std::vector<CsvRow> rows;
+    while (!text.empty()) {
+        readRow(text, kAll, rows.emplace_back());
+        if (rows.back().size() != header.size()) {
+            return failed("line " + std::to_string(rows.size() + 1) +
+                          " has too few or too many fields");
+        }
+    }
+    return rows;
 }
 
 }  // namespace kalvo::engine

@@ -45,10 +45,8 @@ struct Columns {
     }
 };
 
-using Fields = std::vector<std::string_view>;
-
 Columns takeHeader(std::string_view& text) {
-    Fields names;
+    CsvRow names;
     readRow(text, kNowhere, names);
     std::map<std::string, std::size_t, std::less<>> positions;
     for (std::size_t position = 0; position < names.size(); ++position) {
@@ -72,7 +70,7 @@ Columns takeHeader(std::string_view& text) {
     };
 }
 
-std::optional<double> numberIn(const Fields& fields, std::size_t position) {
+std::optional<double> numberIn(const CsvRow& fields, std::size_t position) {
     if (position >= fields.size()) return std::nullopt;
     const std::string_view field = fields[position];
     std::optional<double> number = base::parseDouble(field);
@@ -85,11 +83,11 @@ std::optional<double> numberIn(const Fields& fields, std::size_t position) {
 }
 
 /// Whether a line is long enough to name a place.
-bool namesPlace(const Fields& fields, const Columns& columns) {
+bool namesPlace(const CsvRow& fields, const Columns& columns) {
     return std::max({columns.city, columns.province, columns.region}) < fields.size();
 }
 
-Location readPlace(const Fields& fields, const Columns& columns) {
+Location readPlace(const CsvRow& fields, const Columns& columns) {
     const std::string_view city = base::trimmedSpaces(fields[columns.city]);
     const std::string_view province = base::trimmedSpaces(fields[columns.province]);
     // A station of blanks is one without a name, not none.
@@ -117,13 +115,14 @@ Location readPlace(const Fields& fields, const Columns& columns) {
 }
 
 std::vector<Location> readPlaces(std::string_view text) {
-    // Rather too many places than too few, which are moved: the catalogue's lines have 63 bytes.
+    // Shorter than the catalogue's lines of 63 bytes, so that the vector never grows, which would
+    // move every place.
     constexpr std::size_t kShortLine = 56;
     const Columns columns = takeHeader(text);
     const std::size_t fieldLimit = columns.fieldLimit();
     std::vector<Location> places;
     places.reserve(text.size() / kShortLine);
-    Fields fields;
+    CsvRow fields;
     while (!text.empty()) {
         readRow(text, fieldLimit, fields);
         if (namesPlace(fields, columns)) places.push_back(readPlace(fields, columns));
@@ -145,6 +144,13 @@ LocationParser& LocationParser::shared() {
     return parser;
 }
 
+base::Result<std::string> LocationParser::readText(const std::filesystem::path& path) {
+    constexpr std::string_view kByteOrderMark = "\uFEFF";
+    auto text = base::readFile(path);
+    if (text && text->starts_with(kByteOrderMark)) text->erase(0, kByteOrderMark.size());
+    return text;
+}
+
 void LocationParser::prefetchLocations() {
     readAhead_ = std::async([this] { return readCatalogue(); });
 }
@@ -158,11 +164,28 @@ Catalogue LocationParser::loadLocations() {
     return std::move(*catalogue);
 }
 
+const Stations& LocationParser::loadStations() {
+    if (stations_) return *stations_;
+    stations_.emplace();
+    const auto path = bundle_.path("centraline", "csv");
+    if (!path) {
+        diagnostics_.print("centraline.csv not found in bundle!");
+        return *stations_;
+    }
+    auto stations = readText(*path).and_then(Stations::read);
+    if (stations) {
+        stations_ = std::move(*stations);
+    } else {
+        diagnostics_.print("Error loading centraline.csv: " + stations.error().description());
+    }
+    return *stations_;
+}
+
 LocationParser::CatalogueReading LocationParser::readCatalogue() const {
     const std::string file(kCatalogueFile);
     const auto path = bundle_.path("comuni_italia", "csv");
     if (!path) return tl::unexpected(file + " not found in bundle!");
-    const base::Result<std::string> text = base::readFile(*path).and_then(utf8Text);
+    const base::Result<std::string> text = readText(*path).and_then(utf8Text);
     if (!text) {
         return tl::unexpected("Error loading " + file + ": " + text.error().description());
     }

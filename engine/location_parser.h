@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <future>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 #include "base/diagnostics.h"
 #include "engine/catalogue.h"
 #include "engine/country_ring.h"
+#include "engine/stations.h"
 #include "geojson/geojson.h"
 
 namespace kalvo::engine {
@@ -36,6 +38,10 @@ class LocationParser {
     /// The place catalogue, "comuni_italia.csv".
     [[nodiscard]] Catalogue loadLocations();
 
+    /// The weather stations behind the catalogue, "centraline.csv"; none when it cannot be read.
+    /// Read by the first call; the reference stays valid and unchanged.
+    [[nodiscard]] const Stations& loadStations();
+
     /// The outlines in a GeoJSON resource, named with or without ".json"; nothing when it is
     /// missing (silently) or cannot be decoded.
     [[nodiscard]] std::optional<geojson::GeoMapData> loadGeoJSON(std::string_view name) const;
@@ -45,6 +51,9 @@ class LocationParser {
     [[nodiscard]] const std::vector<CountryRing>& loadWorldCountryRings();
 
  private:
+    /// The bytes of a text file without the byte order mark that some editors begin it with.
+    [[nodiscard]] static base::Result<std::string> readText(const std::filesystem::path& path);
+
     /// The catalogue, or the diagnostic line that tells why there is none.
     using CatalogueReading = tl::expected<Catalogue, std::string>;
     [[nodiscard]] CatalogueReading readCatalogue() const;
@@ -53,6 +62,7 @@ class LocationParser {
     base::Diagnostics& diagnostics_;
     std::future<CatalogueReading> readAhead_;
     std::optional<std::vector<CountryRing>> cachedWorldRings;
+    std::optional<Stations> stations_;
 };
 
 }  // namespace kalvo::engine

@@ -63,7 +63,7 @@ std::vector<CountryRing> thinnedRings(const geojson::GeoMapData& map) {
 std::optional<geojson::GeoMapData> LocationParser::loadGeoJSON(std::string_view name) const {
     const auto path = bundle_.path(withoutJsonEndings(name), "json");
     if (!path) return std::nullopt;
-    const auto map = base::readFile(*path).and_then(geojson::decodeGeoJSON);
+    const auto map = readText(*path).and_then(geojson::decodeGeoJSON);
     if (!map) {
         diagnostics_.print("Error parsing GeoJSON " + std::string(name) + ": " +
                            map.error().description());
