@@ -1,12 +1,15 @@
 #include "tools/catalogue/catalogue_maker.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <map>
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include "engine/location_parser.h"
+#include "engine/wind_scale.h"
 #include "tests/support/recording_diagnostics.h"
 
 namespace kalvo::tools {
@@ -19,53 +22,88 @@ const std::filesystem::path kResources = std::filesystem::path(KALVO_SOURCE_DIR)
 constexpr std::string_view kPlaces = "name;sigla;region;lat;lon;istat\n";
 constexpr std::string_view kStations =
     "nome;icao;wmo;lat;lon;quota_m;vento_medio_ms;errore_std_ms;uso;grado;mesi_osservati;periodo\n";
+constexpr std::string_view kExposures = "chiave;mare_100km;costa_km\n";
 
 std::string table(std::string_view header, std::string_view rows) {
     return std::string(header).append(rows);
 }
 
-/// The catalogue without its header line.
-std::string catalogueOf(std::string_view places, std::string_view stations) {
-    const auto made =
-        makeCatalogue({.places = table(kPlaces, places), .stations = table(kStations, stations)});
+/// The catalogue without its header line. Place 0 has an exposure of 1.3 m/s, whatever else is not
+/// named here none.
+std::string catalogueOf(std::string_view places,
+                        std::string_view stations,
+                        std::string_view exposures = "0;0.5;1000\nLIAA;0;1000\nLIBB;0;1000\n") {
+    const auto made = makeCatalogue({.places = table(kPlaces, places),
+                                     .stations = table(kStations, stations),
+                                     .exposures = table(kExposures, exposures)});
     if (!made) return made.error().message;
     return made->catalogue.substr(made->catalogue.find('\n') + 1);
 }
 
 TEST(CatalogueMaker, GivesEveryHubItsWind) {
-    // 2.5 m/s are 9 km/h at 10 m: 2800 + 3100 / 12 = 3058.3. At 12 m 9 x 1.2^(1/7) = 9.2375 km/h
-    // make 3119.7, at 15 m 9 x 1.5^(1/7) = 9.5367 make 3197.0.
+    // The only station is as exposed as the place, so its 2.5 m/s, 9 km/h at 10 m, are the place's:
+    // 2800 + 3100 / 12 = 3058.3. At 12 m 9 x 1.2^(1/7) = 9.2375 km/h make 3119.7, at 15 m 9 x
+    // 1.5^(1/7) = 9.5367 make 3197.0.
     EXPECT_EQ(catalogueOf("Roma;RM;Lazio;41.8933;12.482886;058091\n",
-                          "Urbe;LIRU;162350;41.95;12.5;24;2.5;0.05;G;A;35;1973-2023\n"),
+                          "Urbe;LIRU;162350;41.95;12.5;24;2.5;0.05;G;A;35;1973-2023\n",
+                          "058091;0.377;22.2\nLIRU;0.377;22.2\n"),
               "Roma;RM;Lazio;LIRU;3058;3120;3197;41.89330;12.48289\n");
 }
 
-TEST(CatalogueMaker, ChoosesTheStationOfAPlace) {
-    // A degree of latitude is 111.2 km, one of longitude at 42 degrees 82.6 km.
-    constexpr std::string_view kNetwork =
-        "Piana;LIAA;1;42.0;12.0;5;2;;G;A;36;x\n"
-        "Capo;LICC;2;42.5;12.0;5;6;;L;A;36;x\n"
-        "Rimini;LIPR;3;44.0;12.6;5;3;;G;A;36;x\n"
-        "Roma Urbe;LIRU;4;41.0;12.0;5;4;;G;A;36;x\n"
-        "Baita;;123456;47.0;12.0;5;2;;G;A;36;x\n"
-        "Livo;LIVO;654321;46.0;12.0;5;2;;G;A;36;x\n";
+TEST(CatalogueMaker, WeighsTheStationsOfAPlace) {
+    // The place lies at 42 north; a degree of latitude is 111.195 km. Exposures: the place 2.6 x
+    // 0.5 = 1.3 m/s, LIAA 2.6 x 0.3 = 0.78, LIBB 2.6 x 0.7 = 1.82, the cape LICC 2.6 x 0.9 + 0.5
+    // (on the coast) = 2.84.
+    constexpr std::string_view kExposed =
+        "0;0.5;1000\nLIAA;0.3;1000\nLIBB;0.7;1000\nLICC;0.9;0\nWMO 12345;0.5;1000\n";
     struct Case {
         const char* what;
-        const char* place;
-        const char* station;
+        const char* stations;
+        const char* station;  // the main one
+        double wind;          // m/s
     };
-    for (const auto& [what, place, station] : {
-             Case{"the nearest", "A;XX;R;41.9;12.1;0", ";LIAA;"},
-             Case{"a cape within 15 km", "A;XX;R;42.37;12.0;0", ";LICC;"},
-             Case{"a cape beyond 15 km", "A;XX;R;42.36;12.0;0", ";LIAA;"},
-             Case{"west is as far as north", "A;XX;R;42.5;11.83;0", ";LICC;"},
-             Case{"San Marino", "A;SM;San Marino;42.0;12.0;0", ";LIPR;"},
-             Case{"Vatican City", "A;SCV;Vaticano;42.0;12.0;0", ";LIRU;"},
-             Case{"without an ICAO code", "A;XX;R;47.0;12.0;0", ";WMO 12345;"},
-             Case{"with a place's name for a code", "Livo;XX;R;46.0;12.0;0", ";WMO 65432;"},
+    for (const auto& [what, stations, station, wind] : {
+             // At 11.12 and 22.24 km: 2/3 x (2 + 0.52) + 1/3 x (5 - 0.52) = 3.173.
+             Case{"two general stations",
+                  "A;LIAA;1;42.1;12;5;2;;G;A;36;x\nB;LIBB;2;41.8;12;5;5;;G;A;36;x\n", "LIAA", 3.17},
+             // At 10 km 1/10, the cape at 6 km 1/6 - 1/10: 0.6 x 2.52 + 0.4 x (6 - 1.54) = 3.296.
+             Case{"an exposed neighbor",
+                  "A;LIAA;1;42.089932;12;5;2;;G;A;36;x\nC;LICC;2;42.053959;12;5;6;;L;A;36;x\n",
+                  "LIAA", 3.3},
+             // The cape at 4 km 0.15 against 0.1: 0.6 x 4.46 + 0.4 x 2.52 = 3.684.
+             Case{"a nearer one",
+                  "A;LIAA;1;42.089932;12;5;2;;G;A;36;x\nC;LICC;2;42.035973;12;5;6;;L;A;36;x\n",
+                  "LICC", 3.68},
+             Case{"a cape at 10 km",
+                  "A;LIAA;1;43;12;5;2;;G;A;36;x\nC;LICC;2;42.08994;12;5;6;;L;A;36;x\n", "LIAA",
+                  2.52},
+             // In the place itself counts as 1 km, 1 against 1/2: 2/3 x 2.52 + 1/3 x 4.48 = 3.173.
+             Case{"a station in the place",
+                  "A;LIAA;1;42;12;5;2;;G;A;36;x\nB;LIBB;2;42.0179864;12;5;5;;G;A;36;x\n", "LIAA",
+                  3.17},
+             Case{"no ICAO code", "A;;123456;42;12;5;2;;G;A;36;x\n", "WMO 12345", 2},
+             Case{"a place's name for a code", "A;Luogo;123456;42;12;5;2;;G;A;36;x\n", "WMO 12345",
+                  2},
          }) {
-        EXPECT_THAT(catalogueOf(std::string(place) + "\n", kNetwork), HasSubstr(station)) << what;
+        EXPECT_EQ(catalogueOf("LUOGO;XX;R;42;12;0\n", stations, kExposed),
+                  fmt::format("LUOGO;XX;R;{};{:.0f};{:.0f};{:.0f};42.00000;12.00000\n", station,
+                              engine::yieldAtHub(wind, 1), engine::yieldAtHub(wind, 2),
+                              engine::yieldAtHub(wind, 3)))
+            << what;
     }
+}
+
+TEST(CatalogueMaker, CountsTheEightNearestStations) {
+    // Eight stations of 2 m/s on a circle of half a degree, a ninth of 50 m/s just outside it.
+    std::string stations = "Nona;LIAA;1;42.51;12;5;50;;G;A;36;x\n";
+    for (int degrees = 0; degrees < 360; degrees += 45) {
+        const double angle = engine::toRadians(degrees);
+        stations += fmt::format("B;LIBB;2;{};{};5;2;;G;A;36;x\n", 42 + 0.5 * std::cos(angle),
+                                12 + 0.5 * std::sin(angle));
+    }
+    // 2 + 1.3 m/s.
+    EXPECT_THAT(catalogueOf("A;XX;R;42;12;0\n", stations),
+                HasSubstr(fmt::format(";LIBB;{:.0f};", engine::yieldAtHub(3.3, 1))));
 }
 
 TEST(CatalogueMaker, RefusesFaultyTables) {
@@ -78,47 +116,107 @@ TEST(CatalogueMaker, RefusesFaultyTables) {
     EXPECT_EQ(catalogueOf(kPlace, "Piana;LIAA;1;42.0;12.0;5;-;;G;A;36;x\n"),
               "a faulty number: Piana");
     EXPECT_EQ(catalogueOf(kPlace, "Piana;LIAA;1;42.0;12.0;5;2;;M;A;36;x\n"), "no known use: Piana");
-    EXPECT_THAT(makeCatalogue({.places = "nome\n", .stations = kStations}).error().message,
+    EXPECT_EQ(catalogueOf(kPlace, kStation, "0;0.5;x\n"), "a faulty number: 0");
+    EXPECT_EQ(catalogueOf(kPlace, kStation, "1;0.5;2\n"), "no exposure: 0");
+    EXPECT_EQ(catalogueOf(kPlace, kStation, "0;0.5;2\n"), "no exposure: LIAA");
+    EXPECT_THAT(catalogueOf("", "", "chiave\n"), HasSubstr("too few"));
+    EXPECT_THAT(makeCatalogue({.places = "nome\n", .stations = kStations, .exposures = kExposures})
+                    .error()
+                    .message,
                 HasSubstr("the columns are not name;sigla;"));
 }
 
-TEST(ShippedCatalogue, IsWhatTheToolMakes) {
-    const auto made = makeCatalogue({
-        .places = base::readFile(kResources / "source" / "comuni.csv").value(),
-        .stations = base::readFile(kResources / "source" / "stazioni.csv").value(),
-    });
+/// What ships, and the sources it is made from.
+class ShippedCatalogue : public testing::Test {
+ protected:
+    static std::string read(const std::filesystem::path& file) {
+        return base::readFile(kResources / file).value();
+    }
+    const std::string places = read("source/comuni.csv");
+    const std::string stations = read("source/stazioni.csv");
+    const std::string exposures = read("source/esposizione.csv");
+    const CatalogueSources sources{.places = places, .stations = stations, .exposures = exposures};
+
+    const base::Bundle bundle{kResources};
+    tests::RecordingDiagnostics diagnostics;
+    engine::LocationParser parser{bundle, diagnostics};
+};
+
+TEST_F(ShippedCatalogue, IsWhatTheToolMakes) {
+    const auto made = makeCatalogue(sources);
     ASSERT_TRUE(made) << made.error().message;
-    EXPECT_TRUE(base::readFile(kResources / "comuni_italia.csv").value() == made->catalogue);
-    EXPECT_TRUE(base::readFile(kResources / "README.md").value().ends_with(made->stationTable));
+    EXPECT_TRUE(read("comuni_italia.csv") == made->catalogue);
+    EXPECT_TRUE(read("centraline.csv") == made->stations);
+    EXPECT_TRUE(read("README.md").ends_with(made->stationTable));
 }
 
-TEST(ShippedCatalogue, CoversTheCountriesWithPlausibleYields) {
-    const base::Bundle bundle(kResources);
-    tests::RecordingDiagnostics diagnostics;
-    const engine::Catalogue catalogue = engine::LocationParser(bundle, diagnostics).loadLocations();
+TEST_F(ShippedCatalogue, IsNearerToTheTruthThanTheNearestStation) {
+    const auto error = checkError(sources);
+    ASSERT_TRUE(error);
+    EXPECT_NEAR(error->rule, 0.378, 0.0005);
+    EXPECT_NEAR(error->nearestStation, 0.620, 0.0005);
+}
+
+TEST_F(ShippedCatalogue, CoversTheCountriesWithPlausibleYields) {
+    const engine::Catalogue catalogue = parser.loadLocations();
     EXPECT_THAT(diagnostics.lines, testing::IsEmpty());
     ASSERT_EQ(catalogue.size(), 7906U);
 
+    std::vector<double> yields;
     std::map<std::string, double> bestOfProvince;
     for (const engine::Location& place : catalogue) {
         // From Lampedusa to the Brenner, from Bardonecchia to Otranto.
         EXPECT_TRUE(place.latitude > 35.4 && place.latitude < 47.1) << place.label;
         EXPECT_TRUE(place.longitude > 6.6 && place.longitude < 18.6) << place.label;
         EXPECT_TRUE(place.kwh1kw < place.kwh2kw && place.kwh2kw < place.kwh3kw) << place.label;
-        EXPECT_TRUE(place.kwh1kw > 1700 && place.kwh1kw < 6600) << place.label;
+        yields.push_back(place.kwh1kw.value());
         double& best = bestOfProvince[place.province];
-        best = std::max(best, place.kwh1kw.value());
+        best = std::max(best, yields.back());
     }
-    EXPECT_EQ(bestOfProvince.erase("SM") + bestOfProvince.erase("SCV"), 2U);
-    EXPECT_EQ(bestOfProvince.size(), 107U);
+    std::sort(yields.begin(), yields.end());
+    EXPECT_EQ(yields.front(), 1821);
+    EXPECT_EQ((yields[3952] + yields[3953]) / 2, 2547);
+    EXPECT_EQ(yields.back(), 6416);
+
+    EXPECT_EQ(bestOfProvince.size(), 109U);
     // Most provinces stand out from the weakest color of the wind map, few reach the strongest.
     std::vector<std::string> strongest;
     for (const auto& [province, best] : bestOfProvince) {
         if (best > 5900) strongest.push_back(province);
     }
     std::erase_if(bestOfProvince, [](const auto& province) { return province.second <= 2800; });
-    EXPECT_EQ(bestOfProvince.size(), 85U);
-    EXPECT_THAT(strongest, UnorderedElementsAre("SS", "SU", "TP"));
+    EXPECT_EQ(bestOfProvince.size(), 77U);
+    EXPECT_THAT(strongest, UnorderedElementsAre("SS", "TP"));
+}
+
+TEST_F(ShippedCatalogue, TellsTheWindOfEveryPlaceAndWhereItComesFrom) {
+    const std::map<std::string_view, double> kKnown{{"Villasimius", 5.04}, {"Castiadas", 3.51},
+                                                    {"Alghero", 3.33},     {"Trieste", 2.48},
+                                                    {"Milano", 1.77},      {"L'Aquila", 1.51}};
+    const engine::Stations& shipped = parser.loadStations();
+    EXPECT_EQ(shipped.size(), 140U);
+    std::size_t known = 0;
+    int servedByNearest = 0;
+    const engine::Catalogue catalogue = parser.loadLocations();
+    for (const engine::Location& place : catalogue) {
+        const auto estimate = shipped.estimateFor(place);
+        ASSERT_TRUE(estimate) << place.label;
+        if (const auto found = kKnown.find(place.city); found != kKnown.end()) {
+            ++known;
+            EXPECT_NEAR(estimate->meanWind, found->second, 0.001) << place.label;
+        }
+        // The nearest station, a cape within 15 km only, is nearly always the main one.
+        const bool isServedByNearest =
+            std::none_of(shipped.begin(), shipped.end(), [&](const engine::Station& station) {
+                const double km =
+                    engine::greatCircleKm({*place.latitude, *place.longitude}, station.position);
+                return &station != estimate->mainStation && km < estimate->mainStationKm &&
+                       (!station.isExposed || km <= 15);
+            });
+        servedByNearest += isServedByNearest ? 1 : 0;
+    }
+    EXPECT_EQ(known, kKnown.size());
+    EXPECT_GT(servedByNearest, 0.99 * static_cast<double>(catalogue.size()));
 }
 
 }  // namespace
