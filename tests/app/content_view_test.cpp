@@ -1,9 +1,16 @@
-#include "app/content_view.h"
+// Sequences of user actions on the state, without a window: each file of recordings/ holds lines
+// "> action argument" and, under each, what it changed in the state. The network stands still:
+// a request waits until the action "answer" gives it a document.
 
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <numbers>
+#include <sstream>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
+#include "app/screen_events.h"
 #include "tests/app/test_services.h"
 #include "tests/support/scripted_session.h"
 #include "tests/support/temporary_folder.h"
@@ -11,180 +18,238 @@
 namespace kalvo::app {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::StartsWith;
-using testing::UnorderedElementsAre;
+const std::filesystem::path kFolder = KALVO_SOURCE_DIR "/tests/app";
 
-constexpr const char* kCatalogue =
-    "luogo;provincia;regione;centralina;kwh_1kw_annui;kwh_2kw_annui;kwh_3kw_annui;latitude;"
-    "longitude\n"
-    "Roma;RM;Lazio;;3200;3200;3200;41.89;12.48\n"
-    "Romano d'Ezzelino;VI;Veneto;;2600;2700;2800;45.77;11.76\n"
-    "Aosta;ao;Valle d'Aosta;;2100;;;45.74;7.32\n"
-    "Ayas;AO;Valle d'Aosta;;2600;2600;2600;;\n"
-    "Nulla;NU;Sardegna;;;;;40.3;\n"
-    "Serravalle;SM;San Marino;LIPR;2900;2950;3000;43.97;12.48\n"
-    "Città del Vaticano;SCV;Vaticano;LIRU;2700;2750;2800;41.9;12.45\n";
+/// The documents that "answer" knows, by the name in front of the part of the address that it
+/// takes.
+const std::map<std::string, std::string> kDocuments{
+    {"two-places",
+     R"({"results":[{"name":"Roma","country":"Italy","lat":41.9,"lon":12.5,"url":"roma","iso2":"IT"},)"
+     R"({"name":"Rome","country":"USA","lat":34.25,"lon":-85.16,"url":"rome","iso2":"US"}]})"},
+    {"namesakes",
+     R"({"results":[{"name":"Oz","country":"Oz","lat":1,"lon":2,"url":"first","iso2":"AA"},)"
+     R"({"name":"Oz","country":"Oz","lat":1,"lon":2,"url":"last","iso2":"ZZ"}]})"},
+    {"no-places", R"({"results":[]})"},
+    {"name", R"({"address":{"city":"Atlanta"}})"},
+    {"no-name", "{}"},
+    {"page", R"(<a id="blooimage" data-url="//c.test/speeds?wind_speeds">)"
+             R"(<a id="blooimage" data-url="//c.test/rose?wind_rose">)"
+             R"(<a id="blooimage" data-url="//c.test/clouds?cloud_coverage">)"},
+    {"page-without-sky", R"(<a id="blooimage" data-url="//c.test/speeds?wind_speeds">)"
+                         R"(<a id="blooimage" data-url="//c.test/rose?wind_rose">)"},
+    {"page-without-charts", "<html></html>"},
+    {"speeds", R"({"series":[{"name":"20-30 km/h","data":[5,2,2,2,2,2,2,2,2,2,2,2]}]})"},
+    {"rose", R"({"series":[{"name":"20-30 km/h","data":[7,6]}]})"},
+    {"clouds", R"({"series":[{"name":"Sunny","data":[10,10,10,10,10,10,12]}]})"},
+};
 
-constexpr const char* kRegions =
-    R"({"features":[{"properties":{"regione":"Lazio"},"geometry":{"type":"Polygon",)"
-    R"("coordinates":[[[12,42],[13,42],[13,43],[12,42]]]}}]})";
+std::string oneLine(std::string text) {
+    for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos;) {
+        text.replace(at, 1, " / ");
+    }
+    return text;
+}
 
-constexpr const char* kSearchUrl = "https://site.test/en/server/search/query3?query=";
-constexpr const char* kReverseUrl =
-    "https://names.test/reverse?lat=10.5&lon=20.0&format=json&accept-language=it&zoom=10";
-constexpr const char* kTwoPlaces =
-    R"({"results":[{"name":"Roma","country":"Italy","lat":41.9,"lon":12.5,"url":"roma","iso2":"IT"},)"
-    R"({"name":"Rome","country":"USA","lat":34.25,"lon":-85.16,"url":"rome","iso2":"US"}]})";
-constexpr const char* kRomaLabel = "Roma (Italy) [lat: 41.9, lon: 12.5]";
-constexpr const char* kRomeLabel = "Rome (USA) [lat: 34.25, lon: -85.16]";
+std::string number(std::optional<double> value) {
+    return value ? fmt::format("{:.6g}", *value) : "none";
+}
 
-constexpr const char* kClimatePage = R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
-                                     R"(<img id="blooimage" data-url="//c.test/wind_rose">)";
-const std::string kClimateUrl = "https://site.test/en/weather/forecast/modelclimate/";
+std::string joined(const std::vector<std::string>& texts) {
+    std::string found;
+    for (const std::string& text : texts) found += (found.empty() ? "" : " | ") + text;
+    return found;
+}
 
+std::string nameOf(const std::optional<geojson::GeoMapData>& map) {
+    return map ? *map->features[0].property("regione") : "none";
+}
+
+/// The state's fields as texts. Of a year of data two months and two sectors are told: enough to
+/// see what they were made from.
+std::map<std::string, std::string> fieldsOf(const ContentView& state) {
+    const auto days = [&](const char* month) {
+        const auto found = state.currentDistribution.find(month);
+        return found == state.currentDistribution.end()
+                   ? std::string("none")
+                   : fmt::format("{}", fmt::join(found->second, " "));
+    };
+    const auto hours = [&](int sector) {
+        const auto found = state.currentRoseData.find(sector);
+        return found == state.currentRoseData.end()
+                   ? std::string("none")
+                   : fmt::format("{}", fmt::join(found->second, " "));
+    };
+    const auto sky = [&](std::size_t month) {
+        const engine::SolarData& data = state.currentSolarData;
+        return fmt::format("{:g} {:g} {:g} {:g}", data.sunny.at(month), data.partlyCloudy.at(month),
+                           data.overcast.at(month), data.precip.at(month));
+    };
+    std::vector<std::string> windMap;
+    for (const auto& [code, kwh] :
+         std::map(state.provinceWindMap.begin(), state.provinceWindMap.end())) {
+        windMap.push_back(fmt::format("{} {:g}", code, kwh));
+    }
+    const double degrees = 180 / std::numbers::pi;
+    return {
+        {"places", joined(state.filteredLocationNames)},
+        {"place", state.selectedLocationLabel},
+        {"search text", state.searchText},
+        {"source", state.isOnlineMode ? "online" : "offline"},
+        {"downloading", state.isFetchingOnline ? "yes" : "no"},
+        {"wind map", joined(windMap)},
+        {"selection",
+         state.selectedRegion.value_or("none") + " / " + state.selectedProvince.value_or("none")},
+        {"maps", nameOf(state.regionMapData) + ", " + nameOf(state.provinceMapData)},
+        {"target", state.targetName.value_or("none") + " " + number(state.targetLat) + " " +
+                       number(state.targetLon)},
+        {"globe",
+         number(state.globeCenterLat * degrees) + " " + number(state.globeCenterLon * degrees)},
+        {"result", oneLine(state.resultText)},
+        {"details", state.detailsText},
+        {"pv result", oneLine(state.pvResultText)},
+        {"pv details", oneLine(state.pvDetailsText)},
+        {"wind", "Gen " + days("Gen") + ", Lug " + days("Lug")},
+        {"rose", "N " + hours(0) + ", NNE " + hours(1)},
+        {"sky", "Gen " + sky(0) + ", Lug " + sky(6)},
+    };
+}
+
+class ContentViewRecording : public testing::TestWithParam<std::string>,
+                             protected TestServices<tests::ScriptedSession> {
+ protected:
+    ContentViewRecording() : TestServices(kFolder / "resources") {
+        session.holdEverything();
+        state.onChanged = [this] {
+            transcript += "  redraws\n";
+            events.dispatch();
+        };
+    }
+
+    void perform(const std::string& action, const std::string& argument) {
+        if (action == "start") state.initializeDatabase();
+        if (action == "country") state.selectedCountry = argument;
+        if (action == "type") state.searchText = argument;
+        if (action == "place") state.selectedLocationLabel = argument;
+        if (action == "size") state.selectedTurbineKW = std::stoi(argument);
+        if (action == "quantity") state.quantityString = argument;
+        if (action == "map") state.selectedRegion = state.selectedProvince = argument;
+        if (action == "search") state.performOnlineSearch();
+        if (action == "copy") state.copyResult();
+        if (action == "source") {
+            state.isOnlineMode = argument == "online";
+            state.calculate();
+        }
+        if (action == "tap") {
+            const std::size_t blank = argument.find(' ');
+            state.onGlobeTapped(std::stod(argument), std::stod(argument.substr(blank)));
+        }
+        if (action == "answer") answer(argument);
+        events.dispatch();
+    }
+
+    void answer(const std::string& argument) {
+        const std::size_t blank = argument.find(' ');
+        const std::string document = argument.substr(blank + 1);
+        for (const std::string& url : session.waiting()) {
+            if (url.find(argument.substr(0, blank)) == std::string::npos) continue;
+            session.release(url, document == "failure"
+                                     ? tests::ScriptedSession::failure("no network")
+                                     : kDocuments.at(document));
+            return;
+        }
+        transcript += "  nothing waits for that\n";
+    }
+
+    /// Writes what has changed since the last call.
+    void record() {
+        const auto fields = fieldsOf(state);
+        for (const auto& [name, value] : fields) {
+            if (known[name] != value) transcript += "  " + name + ": " + value + "\n";
+        }
+        known = fields;
+        for (; knownRequests < session.requests().size(); ++knownRequests) {
+            transcript += "  asks: " + session.requests()[knownRequests].url + "\n";
+        }
+        for (; knownLines < diagnostics.lines.size(); ++knownLines) {
+            transcript += "  prints: " + diagnostics.lines[knownLines] + "\n";
+        }
+        if (!clipboard.contents.empty())
+            transcript += "  copies: " + oneLine(clipboard.contents) + "\n";
+        clipboard.contents.clear();
+    }
+
+    std::string transcript;
+    std::map<std::string, std::string> known;
+    std::size_t knownRequests = 0;
+    std::size_t knownLines = 0;
+    ContentView state{services};
+    ScreenEvents events{state};
+};
+
+TEST_P(ContentViewRecording, IsReproduced) {
+    std::ifstream file(kFolder / "recordings" / (GetParam() + ".txt"));
+    ASSERT_TRUE(file) << GetParam();
+    known = fieldsOf(state);
+    std::string expected;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('#') || line.empty()) continue;
+        expected += line + "\n";
+        if (!line.starts_with("> ")) continue;
+        transcript += line + "\n";
+        const std::size_t end = std::min(line.find(' ', 2), line.size());
+        std::string argument = line.substr(std::min(end + 1, line.size()));
+        if (argument.starts_with('"')) argument = argument.substr(1, argument.size() - 2);
+        perform(line.substr(2, end - 2), argument);
+        record();
+    }
+    EXPECT_EQ(expected, transcript);
+}
+
+INSTANTIATE_TEST_SUITE_P(,
+                         ContentViewRecording,
+                         testing::Values("offline_choices",
+                                         "absent_figures",
+                                         "online_search",
+                                         "globe_tap",
+                                         "failed_downloads"),
+                         [](const auto& each) { return each.param; });
+
+/// A state on a folder of a case's own.
 struct OwnFolder {
     tests::TemporaryFolder folder;
 };
-
-class ContentViewTest : public testing::Test,
-                        protected OwnFolder,
-                        protected TestServices<tests::ScriptedSession> {
+class ContentViewState : public testing::Test,
+                         protected OwnFolder,
+                         protected TestServices<tests::ScriptedSession> {
  protected:
-    ContentViewTest() : TestServices(folder.path()) {
-        folder.write("comuni_italia.csv", kCatalogue);
-        session.answer(kSearchUrl + std::string("roma"), kTwoPlaces);
-    }
-
-    void choose(const std::string& country) {
-        if (state.allLocations.empty()) state.initializeDatabase();
-        state.selectedCountry = country;
-        state.onCountryChanged(country);
-    }
-    void select(const std::string& label) {
-        state.selectedLocationLabel = label;
-        state.calculate();
-    }
-    void search(const std::string& text) {
-        state.searchText = text;
-        state.performOnlineSearch();
-    }
-
-    /// The three pages that a climate download without a cloud chart takes.
-    void answerClimate(const std::string& slug) {
-        session.answer(kClimateUrl + slug, R"(<img id="blooimage" data-url="//c.test/wind_speeds">)"
-                                           R"(<img id="blooimage" data-url="//c.test/wind_rose">)");
-        session.answer("https://c.test/wind_speeds", "{}");
-        session.answer("https://c.test/wind_rose", R"({"series":[{"name":"<2","data":[7]}]})");
-    }
-
+    ContentViewState() : TestServices(folder.path()) {}
     ContentView state{services};
 };
 
-TEST_F(ContentViewTest, StartsOnTheOnlineEntryWithoutAPlace) {
-    state.initializeDatabase();
+TEST_F(ContentViewState, StartsWithExampleDataAndTheFourCountries) {
+    EXPECT_EQ(joined(state.countries),
+              "Altre località online | Italia | San Marino | Città del Vaticano");
     EXPECT_EQ(state.selectedCountry, "Altre località online");
-    EXPECT_THAT(state.countries,
-                ElementsAre("Altre località online", "Italia", "San Marino", "Città del Vaticano"));
-    EXPECT_EQ(state.allLocations.size(), 7u);
-    EXPECT_THAT(state.filteredLocationNames, IsEmpty());
-    EXPECT_FALSE(state.regionMapData.has_value());
-    EXPECT_EQ(state.resultText, "Seleziona una località valida.");
-    EXPECT_EQ(state.detailsText, "");
-    EXPECT_THAT(state.currentDistribution.at("Gen"), ElementsAre(1, 4, 11, 13, 2, 0, 0));
-    EXPECT_THAT(state.provinceWindMap,
-                UnorderedElementsAre(Pair("RM", 3200), Pair("VI", 2600), Pair("AO", 2600),
-                                     Pair("SM", 2900), Pair("SCV", 2700)));
+    EXPECT_EQ(state.quantityString, "1");
+    EXPECT_EQ(state.selectedTurbineKW, 2);
+    EXPECT_EQ(fieldsOf(state).at("wind"), "Gen 1 4 11 13 2 0 0, Lug 2 7 14 8 0 0 0");
 }
 
-TEST_F(ContentViewTest, OffersEachCountryItsPlacesAndMaps) {
-    folder.write("regioni.json", kRegions);
-    folder.write("vatican_province.json", kRegions);
-    const struct {
-        const char* country;
-        std::vector<std::string> places;
-        bool hasRegions;
-        bool hasProvinces;
-    } kCases[] = {
-        {"Italia",
-         {"Aosta (ao)", "Ayas (AO)", "Nulla (NU)", "Roma (RM)", "Romano d'Ezzelino (VI)"},
-         true,
-         false},
-        {"San Marino", {"Serravalle (SM) - LIPR"}, false, false},
-        {"Città del Vaticano", {"Città del Vaticano (SCV) - LIRU"}, false, true},
-        // The online entry keeps the maps and shows a hint.
-        {"Altre località online",
-         {"Utilizza la barra di ricerca o il Globo per trovare città online..."},
-         false,
-         true},
-    };
-    for (const auto& [country, places, hasRegions, hasProvinces] : kCases) {
-        state.selectedRegion = "Lazio";
-        choose(country);
-        EXPECT_EQ(state.filteredLocationNames, places);
-        EXPECT_EQ(state.selectedLocationLabel, places.front());
-        EXPECT_EQ(state.regionMapData.has_value(), hasRegions) << country;
-        EXPECT_EQ(state.provinceMapData.has_value(), hasProvinces) << country;
-        EXPECT_FALSE(state.selectedRegion.has_value());
-    }
-    EXPECT_EQ(state.resultText, "Seleziona una località valida.");
-    EXPECT_THAT(state.detailsText, StartsWith("Vaticano - ")) << "the last result stays";
-}
-
-TEST_F(ContentViewTest, ACountryWithoutPlacesKeepsTheSelection) {
+TEST_F(ContentViewState, KeepsTheSelectionWhereACountryHasNoPlaces) {
     folder.write("comuni_italia.csv", "");
     state.selectedLocationLabel = "Roma (RM)";
-    choose("Italia");
-    EXPECT_THAT(state.filteredLocationNames, IsEmpty());
+    state.initializeDatabase();
+    state.onCountryChanged(state.selectedCountry = "Italia");
+    EXPECT_EQ(state.filteredLocationNames.size(), 0u);
     EXPECT_EQ(state.selectedLocationLabel, "Roma (RM)");
     EXPECT_EQ(state.resultText, "Seleziona una località valida.");
 }
 
-TEST_F(ContentViewTest, NarrowsTheListToTheTypedText) {
+TEST_F(ContentViewState, ReadsTheQuantityAsAWholeNumber) {
+    folder.write("comuni_italia.csv",
+                 "luogo;provincia;regione;kwh_2kw_annui\nRoma;RM;Lazio;3200\n");
     state.selectedCountry = "Italia";
     state.initializeDatabase();
-    EXPECT_EQ(state.selectedLocationLabel, "Aosta (ao)");
-    const struct {
-        const char* text;
-        std::size_t places;
-        const char* selected;
-    } kCases[] = {{" \tROMA\n", 2, "Roma (RM)"}, {"xyz", 0, "Roma (RM)"}, {"  ", 5, "Aosta (ao)"}};
-    for (const auto& [text, places, selected] : kCases) {
-        state.filterLocations(text);
-        EXPECT_EQ(state.filteredLocationNames.size(), places) << text;
-        EXPECT_EQ(state.selectedLocationLabel, selected) << text;
-    }
-    EXPECT_EQ(state.targetName, "Aosta");
-}
-
-TEST_F(ContentViewTest, WritesTheFourTexts) {
-    choose("Italia");
-    state.quantityString = "3";
-    select("Roma (RM)");
-    // Yield 3200: 1992 kWh for 1 kW, 3984 for 2 kW; sky of the center: 1289, 2579, 3868 a plant.
-    EXPECT_EQ(state.detailsText,
-              "Lazio - produzione singola turbina 2 kW: 3.984 kWh/anno (Stime Centraline)");
-    EXPECT_EQ(state.resultText,
-              "Produzione Lorda: 11.952 kWh/anno\nCoeff. di Correzione: 70%\n"
-              "Produzione Attesa: 8.366 kWh/anno");
-    EXPECT_EQ(state.pvDetailsText,
-              "Stima produzione solare per impianto 2 kWp:\n• 1 kWp: 1.289 kWh/anno\n"
-              "• 2 kWp: 2.579 kWh/anno\n• 3 kWp: 3.868 kWh/anno");
-    EXPECT_EQ(state.pvResultText,
-              "Produzione Solare Lorda: 7.737 kWh/anno\nCoefficiente di Correzione: 70%\n"
-              "Produzione Solare Attesa: 5.416 kWh/anno");
-    state.copyResult();
-    EXPECT_EQ(clipboard.contents, state.detailsText + "\n\n" + state.resultText);
-}
-
-TEST_F(ContentViewTest, ReadsTheQuantityAsAWholeNumber) {
-    choose("Italia");
-    select("Roma (RM)");
-    const std::string details = state.detailsText;
-    const std::string one = "Produzione Lorda: 3.984 kWh/anno";
     const std::string none = "Inserisci una quantità valida.";
     const struct {
         std::vector<const char*> texts;
@@ -192,7 +257,7 @@ TEST_F(ContentViewTest, ReadsTheQuantityAsAWholeNumber) {
     } kCases[] = {
         {{"1", "", "abc", " 2", "2 ", "2.5", "+", "-", "+-2", "0x2", "9223372036854775808",
           "-9223372036854775809"},
-         one},
+         "Produzione Lorda: 3.984 kWh/anno"},
         {{"+4"}, "Produzione Lorda: 15.936 kWh/anno"},
         {{"012"}, "Produzione Lorda: 47.808 kWh/anno"},
         {{"9223372036854775807"}, "Produzione Lorda: 36.7"},
@@ -202,120 +267,13 @@ TEST_F(ContentViewTest, ReadsTheQuantityAsAWholeNumber) {
         for (const char* text : texts) {
             state.quantityString = text;
             state.calculate();
-            EXPECT_THAT(state.resultText, StartsWith(firstLine)) << text;
-            EXPECT_EQ(state.detailsText, details);
+            EXPECT_TRUE(state.resultText.starts_with(firstLine))
+                << text << ": " << state.resultText;
         }
     }
 }
 
-TEST_F(ContentViewTest, AnAbsentFigureFallsBackByTurbineSize) {
-    choose("Italia");
-    for (const auto& [turbineKW, kwh] : {std::pair{1, 2100.0}, {2, 6000.0}, {3, 9000.0}}) {
-        state.selectedTurbineKW = turbineKW;
-        select("Aosta (ao)");
-        EXPECT_EQ(state.currentDistribution,
-                  engine::CalculationEngine::calculateMonthlyWindDistribution(
-                      {.kwh = kwh, .lat = 45.74, .lon = 7.32, .region = "Valle d'Aosta"}))
-            << turbineKW;
-    }
-}
-
-TEST_F(ContentViewTest, TurnsTheGlobeOnlyToPlacesWithCoordinates) {
-    choose("Italia");
-    select("Roma (RM)");
-    EXPECT_DOUBLE_EQ(state.globeCenterLat, 41.89 * std::numbers::pi / 180);
-    for (const char* place : {"Ayas (AO)", "Nulla (NU)"}) {
-        select(place);
-        EXPECT_EQ(state.targetLon, std::nullopt);
-        EXPECT_TRUE(std::string(place).starts_with(*state.targetName));
-        EXPECT_DOUBLE_EQ(state.globeCenterLat, 41.89 * std::numbers::pi / 180);
-        EXPECT_DOUBLE_EQ(state.globeCenterLon, 12.48 * std::numbers::pi / 180);
-    }
-}
-
-TEST_F(ContentViewTest, AnOnlineSearchEndsInTheDownloadOfItsFirstPlace) {
-    session.hold(std::string(kSearchUrl) + "rom");
-    session.hold(kClimateUrl + "roma");
-    int redraws = 0;
-    state.onChanged = [&redraws] { ++redraws; };
-    search("rom");
-    EXPECT_TRUE(state.isFetchingOnline);
-
-    ASSERT_TRUE(session.release(std::string(kSearchUrl) + "rom", kTwoPlaces));
-    EXPECT_EQ(redraws, 1);
-    EXPECT_THAT(state.filteredLocationNames, ElementsAre(kRomaLabel, kRomeLabel));
-    EXPECT_EQ(state.selectedLocationLabel, kRomaLabel);
-    EXPECT_TRUE(state.isOnlineMode);
-    EXPECT_TRUE(state.isFetchingOnline) << "the climate download is under way";
-    EXPECT_EQ(state.targetLat, 41.9);
-    const engine::Location& place = state.onlineLocations.at(kRomaLabel);
-    EXPECT_EQ(place.province, "Italy");
-    EXPECT_EQ(place.region, "IT");
-    EXPECT_EQ(place.kwh3kw, 9000.0);
-    EXPECT_EQ(place.source, "Meteoblue Online");
-
-    answerClimate("unused");
-    ASSERT_TRUE(session.release(kClimateUrl + "roma", kClimatePage));
-    EXPECT_EQ(redraws, 2);
-    EXPECT_FALSE(state.isFetchingOnline);
-    EXPECT_EQ(state.detailsText,
-              "IT - produzione singola turbina 2 kW: 0 kWh/anno (Meteoblue Online)");
-    EXPECT_THAT(state.currentDistribution.at("Feb"), ElementsAre(28, 0, 0, 0, 0, 0, 0));
-    // Without a cloud chart the offline sky of the latitude stands in.
-    EXPECT_EQ(state.currentSolarData.sunny.front(), 7);
-}
-
-TEST_F(ContentViewTest, SearchesThatFindNothingChangeNothing) {
-    session.answer(std::string(kSearchUrl) + "nowhere", R"({"results":[]})");
-    session.answer(std::string(kSearchUrl) + "cut", tests::ScriptedSession::failure("timeout"));
-    answerClimate("roma");
-    search("");
-    EXPECT_THAT(session.requests(), IsEmpty()) << "an empty text starts nothing";
-
-    search("roma");
-    const auto names = state.filteredLocationNames;
-    search("cut");
-    EXPECT_EQ(diagnostics.lines.back(), "Online search error: timeout");
-    EXPECT_EQ(state.onlineSearchResults.size(), 2u);
-    EXPECT_FALSE(state.isFetchingOnline);
-
-    search("nowhere");
-    EXPECT_EQ(state.filteredLocationNames, names);
-    EXPECT_EQ(state.selectedLocationLabel, kRomaLabel);
-    EXPECT_THAT(state.onlineSearchResults, IsEmpty());
-    EXPECT_THAT(state.onlineLocations, IsEmpty());
-}
-
-TEST_F(ContentViewTest, TheLastDownloadToFinishDecides) {
-    session.hold(kClimateUrl + "roma");
-    session.hold(kClimateUrl + "rome");
-    search("roma");
-    select(kRomeLabel);
-    EXPECT_EQ(session.heldCount(), 2u);
-
-    session.release(kClimateUrl + "rome", "no charts here");
-    EXPECT_FALSE(state.isFetchingOnline) << "each download clears the flag";
-    EXPECT_THAT(state.detailsText, StartsWith("US - "));
-    session.release(kClimateUrl + "roma", "no charts here");
-    EXPECT_THAT(state.detailsText, StartsWith("IT - "));
-}
-
-TEST_F(ContentViewTest, ATapIsNamedAndSearchedNear) {
-    session.hold(kReverseUrl);
-    // Rome, Georgia, is farther from the tapped point than Roma.
-    session.answer(std::string(kSearchUrl) + "Bangassou", kTwoPlaces);
-    answerClimate("roma");
-    state.onGlobeTapped(10.5, 20);
-    EXPECT_EQ(state.targetLat, 10.5);
-    EXPECT_EQ(state.targetLon, 20);
-    EXPECT_FALSE(state.isFetchingOnline);
-    ASSERT_TRUE(session.release(kReverseUrl, R"({"address":{"city":"Bangassou"}})"));
-    EXPECT_EQ(state.searchText, "Bangassou");
-    EXPECT_EQ(state.selectedLocationLabel, kRomaLabel);
-    EXPECT_THAT(state.detailsText, HasSubstr("(Meteoblue Online)"));
-}
-
-TEST_F(ContentViewTest, FindsImagesInTheCatalogueThenAmongTheFiles) {
+TEST_F(ContentViewState, FindsTheCountrysFlagInTheCatalogueThenAmongTheFiles) {
     EXPECT_EQ(state.flagImage("Italia"), std::nullopt);
     for (const char* name : {"flag_it.png", "flag_sm.png", "flag_vc.png", "logo.png"}) {
         folder.write(name, "");

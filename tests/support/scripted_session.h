@@ -30,6 +30,8 @@ class ScriptedSession final : public net::HttpSession {
         script_[url].emplace_back(std::move(answer));
     }
     void hold(const std::string& url) { script_[url].emplace_back(std::nullopt); }
+    /// From now on a request that the script does not know waits.
+    void holdEverything() { holdsUnknown_ = true; }
 
     /// Ends the wait of the oldest held request for the URL and runs its task on. Returns whether
     /// there was one.
@@ -47,15 +49,27 @@ class ScriptedSession final : public net::HttpSession {
     /// How many requests are waiting; one whose task has been given up is not.
     [[nodiscard]] std::size_t heldCount() const { return held_.size(); }
 
+    /// The URLs of the requests that are waiting, the oldest first.
+    [[nodiscard]] std::vector<std::string> waiting() const {
+        std::vector<std::string> urls;
+        for (const Held* held : held_) urls.push_back(held->url);
+        return urls;
+    }
+
     /// Every request so far, in the order of their start.
     [[nodiscard]] const std::vector<net::HttpRequest>& requests() const { return requests_; }
 
     [[nodiscard]] base::Task<Answer> get(net::HttpRequest request) override {
         requests_.push_back(request);
         std::deque<std::optional<Answer>>& next = script_[request.url];
-        if (next.empty()) co_return failure("unexpected request for " + request.url);
-        std::optional<Answer> now = std::move(next.front());
-        next.pop_front();
+        if (next.empty() && !holdsUnknown_) {
+            co_return failure("unexpected request for " + request.url);
+        }
+        std::optional<Answer> now;
+        if (!next.empty()) {
+            now = std::move(next.front());
+            next.pop_front();
+        }
         if (now) co_return std::move(*now);
         Held held(held_, request.url);
         co_return co_await held;
@@ -85,6 +99,7 @@ class ScriptedSession final : public net::HttpSession {
     std::map<std::string, std::deque<std::optional<Answer>>> script_;
     std::vector<net::HttpRequest> requests_;
     std::vector<Held*> held_;
+    bool holdsUnknown_ = false;
 };
 
 }  // namespace kalvo::tests
