@@ -73,9 +73,13 @@ void paintShadow(QPainter& painter, const QRectF& rect, double radius) {
 }
 
 void paintFocusRing(QPainter& painter, const QRectF& rect, double radius) {
+    paintFocusRing(painter, rect, radius, Theme::current().brandText);
+}
+
+void paintFocusRing(QPainter& painter, const QRectF& rect, double radius, const QColor& brand) {
     const PainterState state(painter);
     constexpr double kInset = kFocusRingWidth / 2;
-    painter.setPen(QPen(Theme::current().brandText, kFocusRingWidth));
+    painter.setPen(QPen(brand, kFocusRingWidth));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(
         snappedToPixels(painter, rect).adjusted(kInset, kInset, -kInset, -kInset), radius - kInset,

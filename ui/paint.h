@@ -29,7 +29,9 @@ void paintBox(QPainter& painter,
 /// The soft line of shadow below a raised control that fills `rect`.
 void paintShadow(QPainter& painter, const QRectF& rect, double radius);
 
-/// The ring around what has the keyboard focus, just inside `rect`.
+/// Paints the ring around what has the keyboard focus, just inside `rect`; `brand` is the brand
+/// color of what lies below, for the pictures that look the same in both appearances.
+void paintFocusRing(QPainter& painter, const QRectF& rect, double radius, const QColor& brand);
 void paintFocusRing(QPainter& painter, const QRectF& rect, double radius);
 
 }  // namespace kalvo::ui

@@ -72,7 +72,7 @@ Theme darkTheme() {
 }
 
 Theme& chosenTheme() {
-    static Theme theme = lightTheme();
+    static Theme theme = Theme::lightAppearance();
     return theme;
 }
 
@@ -149,9 +149,19 @@ QFont::Weight weightOf(FontStyle style, FontWeight weight) {
 
 const Theme& Theme::current() { return chosenTheme(); }
 
+const Theme& Theme::lightAppearance() {
+    static const Theme theme = lightTheme();
+    return theme;
+}
+
+const Theme& Theme::darkAppearance() {
+    static const Theme theme = darkTheme();
+    return theme;
+}
+
 void Theme::apply(const base::Bundle& bundle) {
     const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
-    chosenTheme() = dark ? darkTheme() : lightTheme();
+    chosenTheme() = dark ? Theme::darkAppearance() : Theme::lightAppearance();
     loadFonts(bundle);
     QApplication::setStyle(new KalvoStyle);
     QApplication::setPalette(palette(chosenTheme()));

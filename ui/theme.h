@@ -46,6 +46,10 @@ struct Theme {
     /// window color, when `apply` is called.
     [[nodiscard]] static const Theme& current();
 
+    /// The two appearances, for the pictures that look the same in both.
+    [[nodiscard]] static const Theme& lightAppearance();
+    [[nodiscard]] static const Theme& darkAppearance();
+
     /// Takes the appearance from the desktop, loads the fonts of the bundle and gives the
     /// application its palette, font and style. Called once, before the first widget.
     static void apply(const base::Bundle& bundle);
