@@ -17,8 +17,9 @@ std::string degreesText(double degrees, std::string_view positive, std::string_v
 
 }  // namespace
 
-std::string coordinateText(double lat, double lon) {
-    return fmt::format("{}, {}", degreesText(lat, "nord", "sud"), degreesText(lon, "est", "ovest"));
+std::string coordinateText(engine::LatLon place) {
+    return fmt::format("{}, {}", degreesText(place.lat, "nord", "sud"),
+                       degreesText(place.lon, "est", "ovest"));
 }
 
 }  // namespace kalvo::geo

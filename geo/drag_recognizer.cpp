@@ -7,12 +7,11 @@ namespace kalvo::geo {
 
 namespace {
 
-constexpr double kDragThreshold = 10;  // points
-/// What counts as "of late". The velocity is the way of that whole time, also when the press is
-/// younger: the first movements of a drag, milliseconds apart, say little about its speed.
+/// The velocity is the distance of this whole time, also when the press is younger: the first
+/// movements of a drag, milliseconds apart, say little about its speed.
 constexpr std::chrono::milliseconds kVelocityWindow{100};
-/// How long a drag would glide on at its velocity: the way that a motion which slows down
-/// exponentially, with this time constant, still goes.
+/// How long a drag would glide on at its velocity: the distance that a motion which slows down
+/// exponentially, with this time constant, still covers.
 constexpr std::chrono::milliseconds kGlide{250};
 
 }  // namespace

@@ -9,9 +9,12 @@
 
 namespace kalvo::geo {
 
+/// How far the pointer or a finger moves, in points, until it drags: whatever the desktop's own
+/// threshold.
+inline constexpr double kDragThreshold = 10;
+
 /// Tells drags from taps: follows one pressed button of the pointer. A drag is recognized once the
-/// pointer has moved 10 points away from the press, whatever the desktop's own threshold; a press
-/// that ends before is a tap.
+/// pointer has moved `kDragThreshold` away from the press; a press that ends before is a tap.
 class DragRecognizer {
  public:
     /// The second press of a double click cannot become another tap, but it can become a drag.
@@ -19,13 +22,11 @@ class DragRecognizer {
 
     void press(graphics::Point point, GlobeView::Time now, Press kind);
 
-    /// The change of the drag that this movement makes, if it belongs to one.
+    /// Follows a movement; returns the change of the drag that it makes, if it belongs to one.
     [[nodiscard]] std::optional<GlobeDrag> move(graphics::Point point, GlobeView::Time now);
 
-    /// Ends the press; whether it was a tap.
+    /// Ends the press; returns whether it was a tap.
     [[nodiscard]] bool release();
-
-    [[nodiscard]] bool isDragging() const { return phase_ == Phase::kDragging; }
 
  private:
     enum class Phase { kIdle, kPressed, kPressedAgain, kDragging };
@@ -34,7 +35,7 @@ class DragRecognizer {
         GlobeView::Time time;
     };
 
-    /// Where the drag would come to rest, from how fast the pointer has moved of late.
+    /// Extrapolates where the drag would come to rest from the velocity of the last 100 ms.
     [[nodiscard]] graphics::Size predictedEnd(graphics::Size translation) const;
     void remember(const Sample& sample);
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "geo/globe_projection.h"
-
 namespace kalvo::geo {
 
 namespace {
@@ -30,14 +28,14 @@ void dragChanged(GlobeView& globe, const GlobeDrag& drag, GlobeView::Time now) {
         drag.translation.width - kPredictionShare * drag.predictedEndTranslation.width;
     const double dy =
         drag.translation.height - kPredictionShare * drag.predictedEndTranslation.height;
-    turn(globe, dy * kRadiansPerPoint, -dx * kRadiansPerPoint, now);
+    turn(globe, {dy * kRadiansPerPoint, -dx * kRadiansPerPoint}, now);
 }
 
-void turn(GlobeView& globe, double deltaLat, double deltaLon, GlobeView::Time now) {
+void turn(GlobeView& globe, LatLonRadians delta, GlobeView::Time now) {
     globe.isAutoRotating = false;
     globe.lastDragTime = now;
-    globe.centerLon += deltaLon;
-    globe.centerLat = std::clamp(globe.centerLat + deltaLat, -kMaxLat, kMaxLat);
+    globe.centerLon += delta.lon;
+    globe.centerLat = std::clamp(globe.centerLat + delta.lat, -kMaxLat, kMaxLat);
 }
 
 void togglePause(GlobeView& globe) {
@@ -47,8 +45,8 @@ void togglePause(GlobeView& globe) {
 
 void tap(const GlobeView& globe, graphics::Point point, graphics::Size viewSize) {
     if (!globe.onGlobeTap) return;
-    const GlobeProjection projection(globe.centerLat, globe.centerLon, viewSize);
-    if (const auto place = projection.invert(point)) globe.onGlobeTap(place->lat, place->lon);
+    const GlobeProjection projection(globe.center(), viewSize);
+    if (const auto place = projection.invert(point)) globe.onGlobeTap(*place);
 }
 
 }  // namespace kalvo::geo

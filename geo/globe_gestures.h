@@ -23,8 +23,8 @@ struct GlobeDrag {
 /// start keeps turning the globe.
 void dragChanged(GlobeView& globe, const GlobeDrag& drag, GlobeView::Time now);
 
-/// Turns the globe by angles in radians, as the arrow keys do; the rotation waits as for a drag.
-void turn(GlobeView& globe, double deltaLat, double deltaLon, GlobeView::Time now);
+/// Turns the globe as the arrow keys do; the rotation waits as for a drag.
+void turn(GlobeView& globe, LatLonRadians delta, GlobeView::Time now);
 
 /// Stops the globe, or lets it turn again.
 void togglePause(GlobeView& globe);

@@ -15,7 +15,7 @@ constexpr double kSlack = 1e-9;
 
 UnitVector normalized(const UnitVector& vector) {
     const double length = std::sqrt(dot(vector, vector));
-    // The points of a line that goes round the globe may cancel out: any middle will do then.
+    // The points of a line that goes round the globe may cancel out: any center will do then.
     if (length < kSlack) return {1, 0, 0};
     return {vector.x / length, vector.y / length, vector.z / length};
 }
@@ -33,10 +33,10 @@ void GlobeLines::add(std::span<const engine::LatLon> line) {
         z_.push_back(point.z);
         sum = {sum.x + point.x, sum.y + point.y, sum.z + point.z};
     }
-    const UnitVector middle = normalized(sum);
+    const UnitVector center = normalized(sum);
     double nearest = 1;
     for (std::size_t i = begin; i < x_.size(); ++i) {
-        nearest = std::min(nearest, dot(middle, {x_[i], y_[i], z_[i]}));
+        nearest = std::min(nearest, dot(center, {x_[i], y_[i], z_[i]}));
     }
     const double capRadius = std::acos(std::clamp(nearest, -1.0, 1.0));
     const double visibleRadius = std::acos(kVisibleFrom);
@@ -46,7 +46,7 @@ void GlobeLines::add(std::span<const engine::LatLon> line) {
     const double seenUpTo = visibleRadius - capRadius;
     lines_.push_back({.begin = begin,
                       .end = x_.size(),
-                      .middle = middle,
+                      .center = center,
                       .hiddenBelow = hiddenFrom < kPi ? std::cos(hiddenFrom) - kSlack : -2,
                       .seenFrom = seenUpTo > 0 ? std::cos(seenUpTo) + kSlack : 2});
 }
@@ -54,7 +54,7 @@ void GlobeLines::add(std::span<const engine::LatLon> line) {
 void GlobeLines::project(const GlobeProjection& projection, graphics::LineBatch& visible) const {
     visible.clear();
     for (const Line& line : lines_) {
-        const double cosDistance = dot(projection.towards(), line.middle);
+        const double cosDistance = dot(projection.viewDirection(), line.center);
         if (cosDistance < line.hiddenBelow) continue;
         if (cosDistance >= line.seenFrom) {
             projectWhole(line, projection, visible);

@@ -28,7 +28,7 @@ class GlobeLines {
     struct Line {
         std::size_t begin;
         std::size_t end;
-        UnitVector middle;  // of the bounding cap
+        UnitVector center;  // of the bounding cap
         // The line is hidden as a whole below the one cosine of the cap's distance from the
         // view's center, and seen as a whole from the other on.
         double hiddenBelow;

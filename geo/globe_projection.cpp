@@ -9,10 +9,9 @@ namespace {
 
 /// A longitude in radians brought into the turn from -pi (included) to pi (excluded).
 double wrapped(double lon) {
-    constexpr double kTurn = 2 * kPi;
-    const double turned = lon - kTurn * std::floor((lon + kPi) / kTurn);
-    // Rounding can land on the far end.
-    return turned >= kPi ? turned - kTurn : turned;
+    // The IEEE remainder is exact: no rounding can leave the turn.
+    const double turned = std::remainder(lon, 2 * kPi);
+    return turned == kPi ? -kPi : turned;
 }
 
 }  // namespace
@@ -23,27 +22,27 @@ UnitVector unitVector(engine::LatLon place) {
     return {std::cos(lat) * std::cos(lon), std::cos(lat) * std::sin(lon), std::sin(lat)};
 }
 
-GlobeProjection::GlobeProjection(double centerLat, double centerLon, graphics::Size viewSize)
-    : centerLon_(centerLon),
-      middle_{viewSize.width * 0.5, viewSize.height * 0.5},
+GlobeProjection::GlobeProjection(LatLonRadians viewCenter, graphics::Size viewSize)
+    : centerLon_(viewCenter.lon),
+      center_{viewSize.width * 0.5, viewSize.height * 0.5},
       radius_(std::min(viewSize.width, viewSize.height) / 2.3) {
-    const double sinLat = std::sin(centerLat);
-    const double cosLat = std::cos(centerLat);
-    const double sinLon = std::sin(centerLon);
-    const double cosLon = std::cos(centerLon);
+    const double sinLat = std::sin(viewCenter.lat);
+    const double cosLat = std::cos(viewCenter.lat);
+    const double sinLon = std::sin(viewCenter.lon);
+    const double cosLon = std::cos(viewCenter.lon);
     right_ = {-sinLon, cosLon, 0};
     up_ = {-sinLat * cosLon, -sinLat * sinLon, cosLat};
-    towards_ = {cosLat * cosLon, cosLat * sinLon, sinLat};
+    viewDirection_ = {cosLat * cosLon, cosLat * sinLon, sinLat};
 }
 
 std::optional<engine::LatLon> GlobeProjection::invert(graphics::Point point) const {
-    const double x = (point.x - middle_.x) / radius_;
-    const double y = (middle_.y - point.y) / radius_;
+    const double x = (point.x - center_.x) / radius_;
+    const double y = (center_.y - point.y) / radius_;
     const double squaredDistance = x * x + y * y;
     if (!(squaredDistance <= 1)) return std::nullopt;
     const double z = std::sqrt(1 - squaredDistance);
     const double cosCenter = up_.z;
-    const double sinCenter = towards_.z;
+    const double sinCenter = viewDirection_.z;
     const double sinLat = std::clamp(y * cosCenter + z * sinCenter, -1.0, 1.0);
     const double lat = std::asin(sinLat);
     // At a pole every longitude is the same place: the center's own is the natural one to name.

@@ -1,7 +1,5 @@
 #include "geo/globe_view.h"
 
-#include "geo/globe_projection.h"
-
 namespace kalvo::geo {
 
 namespace {
@@ -11,9 +9,9 @@ using graphics::Color;
 using graphics::Size;
 
 void drawTarget(const GlobeView& view, Canvas& canvas, const GlobeProjection& projection) {
-    if (!view.targetLat || !view.targetLon) return;
-    const auto [point, cosDistance] =
-        projection.project(unitVector({*view.targetLat, *view.targetLon}));
+    const auto place = view.target();
+    if (!place) return;
+    const auto [point, cosDistance] = projection.project(unitVector(*place));
     if (!(cosDistance >= 0)) return;
     canvas.strokeCircle(point, 8, {graphics::kRed, 2});
     canvas.fillCircle(point, 3, graphics::kRed);
@@ -30,21 +28,26 @@ graphics::TextStyle globeHintStyle() { return {10, true, graphics::kWhite.withOp
 
 graphics::TextStyle globeLabelStyle() { return {11, true, graphics::kWhite}; }
 
+std::optional<engine::LatLon> GlobeView::target() const {
+    if (!targetLat || !targetLon) return std::nullopt;
+    return engine::LatLon{*targetLat, *targetLon};
+}
+
 void GlobeView::draw(Canvas& canvas, Size size, GlobeScene& scene) const {
     drawBackground(canvas, size, scene);
     drawTurning(canvas, size, scene);
 }
 
 void GlobeView::drawBackground(Canvas& canvas, Size size, GlobeScene& scene) const {
-    const GlobeProjection projection(centerLat, centerLon, size);
-    canvas.fillCircle(projection.middle(), projection.radius(), globeBackgroundColor());
-    canvas.strokeCircle(projection.middle(), projection.radius(), {Color::hex("#1f5f7a"), 2});
+    const GlobeProjection projection(center(), size);
+    canvas.fillCircle(projection.center(), projection.radius(), globeBackgroundColor());
+    canvas.strokeCircle(projection.center(), projection.radius(), {Color::hex("#1f5f7a"), 2});
     scene.parallels.project(projection, scene.projected);
     canvas.strokeLines(scene.projected, Color::hex("#12354c"), 1);
 }
 
 void GlobeView::drawTurning(Canvas& canvas, Size size, GlobeScene& scene) const {
-    const GlobeProjection projection(centerLat, centerLon, size);
+    const GlobeProjection projection(center(), size);
     scene.meridians.project(projection, scene.projected);
     canvas.strokeLines(scene.projected, Color::hex("#12354c"), 1);
     scene.outlines.project(projection, scene.projected);

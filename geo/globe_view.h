@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/country_ring.h"
+#include "geo/globe_projection.h"
 #include "geo/globe_scene.h"
 #include "graphics/canvas.h"
 #include "graphics/color.h"
@@ -24,15 +26,19 @@ struct GlobeView {
     std::optional<std::string> targetName;  // label above the marker
     /// The chosen country's name. No picture shows it yet.
     std::optional<std::string> highlightedCountry;
-    /// Told the latitude and longitude of a tapped point, in degrees.
-    std::function<void(double lat, double lon)> onGlobeTap;
+    /// Told the place of a tapped point.
+    std::function<void(engine::LatLon)> onGlobeTap;
 
     bool isAutoRotating = true;
     Time lastDragTime = std::chrono::steady_clock::now();
     /// The user has stopped the globe for good; only the user starts it again.
     bool isPaused = false;
 
-    /// Draws the globe in the middle of an area; it does not clear what is around it.
+    [[nodiscard]] LatLonRadians center() const { return {centerLat, centerLon}; }
+    /// Returns the place to mark, if it has both coordinates.
+    [[nodiscard]] std::optional<engine::LatLon> target() const;
+
+    /// Draws the globe at the center of an area; it does not clear what is around it.
     void draw(graphics::Canvas& canvas, graphics::Size size, GlobeScene& scene) const;
 
     /// The two halves of `draw`, in this order: what stays as it is while the globe turns about

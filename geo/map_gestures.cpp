@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geo/drag_recognizer.h"
+
 namespace kalvo::geo {
 
 namespace {
 
 constexpr double kPinchThreshold = 0.01;
-constexpr double kDragThreshold = 10;  // points
 
 void scaleBy(MapGestures& gestures, double factor) {
     gestures.scale = std::clamp(gestures.scale * factor, kSmallestMapScale, kLargestMapScale);

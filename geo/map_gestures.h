@@ -20,11 +20,13 @@ struct MapGestures {
     friend bool operator==(const MapGestures&, const MapGestures&) = default;
 };
 
-/// A pinch has come to this magnification since it began; recognized from a change of 0.01.
+/// Follows a pinch that has come to this magnification since it began; recognized from a change
+/// of 0.01, zooms about the view's center.
 void pinchChanged(MapGestures& gestures, double magnification);
 void pinchEnded(MapGestures& gestures);
 
-/// A drag has come this far since it began, in points; recognized from a movement of 10.
+/// Follows a drag that has come this far since it began, in points; recognized from
+/// `kDragThreshold`.
 void dragChanged(MapGestures& gestures, graphics::Size translation);
 void dragEnded(MapGestures& gestures);
 
@@ -33,7 +35,7 @@ void zoomBy(MapGestures& gestures, double factor, graphics::Point anchor, graphi
 
 void moveBy(MapGestures& gestures, graphics::Size distance);
 
-/// The point of the unzoomed picture that shows at a point of the view.
+/// Returns the point of the unzoomed picture that shows at a point of the view.
 [[nodiscard]] graphics::Point viewToMap(const MapGestures& gestures,
                                         graphics::Point point,
                                         graphics::Size viewSize);

@@ -43,7 +43,7 @@ MapProjection::MapProjection(const MapBounds& bounds, graphics::Size viewSize) {
     const MapBounds shown = widenedToSee(bounds);
     const double spanLng = shown.maxLng - shown.minLng;
     const double spanLat = shown.maxLat - shown.minLat;
-    // A view narrower than its margins has room for nothing, not for a mirrored map.
+    // A view narrower than its margins shows nothing, not a mirrored map.
     const double width = std::max(0.0, viewSize.width - 2 * kMargin);
     const double height = std::max(0.0, viewSize.height - 2 * kMargin);
     minLng_ = shown.minLng;

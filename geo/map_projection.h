@@ -17,34 +17,30 @@ struct MapBounds {
 /// The box of a map without any usable position: Italy.
 inline constexpr MapBounds kDefaultMapBounds{6.62, 18.51, 35.49, 47.09};
 
-/// Whether the maps take a position for a real one: placeholders at 0, 0 and the like are left
-/// out. Both in degrees.
+/// Tells whether the maps take a position for a real one: placeholders at 0, 0 and the like are
+/// left out. Both in degrees.
 [[nodiscard]] constexpr bool isUsable(double lng, double lat) { return lng > 1.0 && lat > 1.0; }
 
-/// The box round all usable positions of the features.
+/// Returns the box round all usable positions of the features.
 [[nodiscard]] MapBounds calculateBounds(const geojson::FeatureList& features);
 
 /// Longitude and latitude scaled alike into a view: the box fitted with a margin of 14 points and
-/// centerd, north up.
+/// centered, north up.
 class MapProjection {
  public:
     /// A box of one point is taken for one of a few kilometers round it.
     MapProjection(const MapBounds& bounds, graphics::Size viewSize);
 
-    /// Where a place in degrees lands, in points.
+    /// Returns where a place in degrees lands, in points.
     [[nodiscard]] graphics::Point project(double lng, double lat) const {
         return {offsetX_ + (lng - minLng_) * scale_, offsetY_ + (maxLat_ - lat) * scale_};
     }
 
-    [[nodiscard]] double scale() const { return scale_; }      // points per degree
-    [[nodiscard]] double offsetX() const { return offsetX_; }  // points
-    [[nodiscard]] double offsetY() const { return offsetY_; }  // points
-
  private:
     double minLng_;
     double maxLat_;
-    double scale_;
-    double offsetX_;
+    double scale_;    // points per degree
+    double offsetX_;  // points
     double offsetY_;
 };
 

@@ -23,13 +23,15 @@ struct MapScene {
     MapProjection projection;
     std::vector<Outline> outlines;  // in drawing order
 
+    /// Lays out a map in a view of a size in points.
     [[nodiscard]] static MapScene make(const geojson::GeoMapData& map, graphics::Size viewSize);
 
-    /// The feature drawn topmost at a point of the view, if any.
+    /// Returns the feature drawn topmost at a point of the unzoomed view, if any: an index into the
+    /// map's features.
     [[nodiscard]] std::optional<std::size_t> featureAt(graphics::Point point) const;
 };
 
-/// The polygons of one element of a geometry's coordinates, projected: each is one ring, with at
+/// Projects the polygons of one element of a geometry's coordinates: each is one ring, with at
 /// least one point. Unusable positions are left out.
 [[nodiscard]] std::vector<graphics::Path> extractPolygons(geojson::AnyCodable element,
                                                           const MapProjection& projection);

@@ -97,6 +97,11 @@ void drawTarget(Canvas& canvas, graphics::Point center) {
 
 }  // namespace
 
+std::optional<engine::LatLon> MapContent::target() const {
+    if (!targetLat || !targetLon) return std::nullopt;
+    return engine::LatLon{*targetLat, *targetLon};
+}
+
 void MapView::draw(Canvas& canvas, Size size) const {
     draw(canvas, size, MapScene::make(geoData.value_or(geojson::GeoMapData{}), size));
 }
@@ -113,8 +118,9 @@ void MapView::draw(Canvas& canvas, Size size, const MapScene& scene) const {
     canvas.scale(gestures.scale);
     canvas.translate(-center.x, -center.y);
     drawFeatures(*this, canvas, scene);
-    if (targetLat && targetLon)
-        drawTarget(canvas, scene.projection.project(*targetLon, *targetLat));
+    if (const auto place = target()) {
+        drawTarget(canvas, scene.projection.project(place->lon, place->lat));
+    }
     canvas.restore();
 }
 
@@ -135,18 +141,12 @@ std::string MapView::summary() const {
     if (!geoData) return std::string(kWaitingText);
     const std::string_view kind = mapType == MapType::kRegion ? "Regioni" : "Province";
     std::string text = fmt::format("{}: {}.", kind, geoData->features.size());
-    if (targetLat && targetLon)
-        text += fmt::format(" Luogo segnato: {}.", coordinateText(*targetLat, *targetLon));
+    if (const auto place = target()) {
+        text += fmt::format(" Luogo segnato: {}.", coordinateText(*place));
+    }
     return text;
 }
 
 graphics::Color mapBackgroundColor() { return kBackground; }
-
-bool sameContent(const MapView& a, const MapView& b) {
-    return a.mapType == b.mapType && a.geoData == b.geoData &&
-           a.selectedRegion == b.selectedRegion && a.selectedProvince == b.selectedProvince &&
-           a.provinceWindMap == b.provinceWindMap && a.targetLat == b.targetLat &&
-           a.targetLon == b.targetLon;
-}
 
 }  // namespace kalvo::geo

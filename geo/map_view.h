@@ -5,6 +5,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "engine/country_ring.h"
 #include "geo/map_gestures.h"
 #include "geo/map_scene.h"
 #include "geojson/geojson.h"
@@ -16,9 +17,9 @@ namespace kalvo::geo {
 /// or the provinces colored by their wind yield.
 enum class MapType { kRegion, kProvince, kWind };
 
-/// A flat map of a country with its zoom and pan. Names and codes are compared without regard to
-/// letter case.
-struct MapView {
+/// What a picture of a map shows, apart from zoom and pan. Names and codes are compared without
+/// regard to letter case.
+struct MapContent {
     MapType mapType;
     std::optional<geojson::GeoMapData> geoData;  // nothing while it is not loaded
     std::optional<std::string> selectedRegion;
@@ -27,8 +28,17 @@ struct MapView {
     std::unordered_map<std::string, double> provinceWindMap;
     std::optional<double> targetLat;  // degrees, of the place to mark
     std::optional<double> targetLon;
+
+    /// Returns the place to mark, if it has both coordinates.
+    [[nodiscard]] std::optional<engine::LatLon> target() const;
+
+    friend bool operator==(const MapContent&, const MapContent&) = default;
+};
+
+/// A flat map of a country with its zoom and pan.
+struct MapView : MapContent {
     /// Taps on a flat map select nothing yet: nobody calls this.
-    std::function<void(double lat, double lon)> onSelectLocation;
+    std::function<void(engine::LatLon)> onSelectLocation;
 
     MapGestures gestures{};
 
@@ -37,18 +47,15 @@ struct MapView {
     /// The same with the outlines laid out before: `scene` is made of `geoData` for this size.
     void draw(graphics::Canvas& canvas, graphics::Size size, const MapScene& scene) const;
 
-    /// What is to be told of a feature under the pointer: its name, and on the wind map its yield
-    /// on a second line. Empty when it has no name.
+    /// Describes a feature under the pointer: its name, and on the wind map its yield on a second
+    /// line. Empty when it has no name.
     [[nodiscard]] std::string hoverText(const geojson::GeoFeature& feature) const;
 
-    /// In a sentence or two, what the picture shows to those who cannot see it.
+    /// Says in a sentence or two what the picture shows, for those who cannot see it.
     [[nodiscard]] std::string summary() const;
 };
 
-/// The color of the paper that a map is drawn on.
+/// Returns the color of the paper that a map is drawn on.
 [[nodiscard]] graphics::Color mapBackgroundColor();
-
-/// Whether two maps show the same apart from zoom and pan.
-[[nodiscard]] bool sameContent(const MapView& a, const MapView& b);
 
 }  // namespace kalvo::geo

@@ -19,12 +19,12 @@ MapArea::MapArea(ContentView& state, engine::LocationParser& parser, QWidget* pa
     addWidget(globe_);
     for (geo::MapWidget* map : maps_) addWidget(map);
     // The globe turns by itself: that is drawn already, and nothing else depends on it.
-    globe_->onCenterChanged = [this](double lat, double lon) {
-        state_.globeCenterLat = lat;
-        state_.globeCenterLon = lon;
+    globe_->onCenterChanged = [this](geo::LatLonRadians center) {
+        state_.globeCenterLat = center.lat;
+        state_.globeCenterLon = center.lon;
     };
-    globe_->onGlobeTap = [this](double lat, double lon) {
-        state_.onGlobeTapped(lat, lon);
+    globe_->onGlobeTap = [this](engine::LatLon place) {
+        state_.onGlobeTapped(place.lat, place.lon);
         emit edited();
     };
 }
@@ -32,36 +32,37 @@ MapArea::MapArea(ContentView& state, engine::LocationParser& parser, QWidget* pa
 void MapArea::showState() { state_.selectedCountry == kOnlineCountry ? showGlobe() : showMap(); }
 
 void MapArea::showGlobe() {
-    globe_->setCenter(state_.globeCenterLat, state_.globeCenterLon);
-    globe_->setTarget(state_.targetLat, state_.targetLon, state_.targetName);
+    globe_->setCenter({state_.globeCenterLat, state_.globeCenterLon});
+    std::optional<engine::LatLon> target;
+    if (state_.targetLat && state_.targetLon) target = {*state_.targetLat, *state_.targetLon};
+    globe_->setTarget(target, state_.targetName);
     setCurrentWidget(globe_);
 }
 
 void MapArea::showMap() {
-    geo::MapView view{.mapType = geo::MapType::kWind,
-                      .geoData = {},
-                      .selectedRegion = {},
-                      .selectedProvince = {},
-                      .provinceWindMap = {},
-                      .targetLat = state_.targetLat,
-                      .targetLon = state_.targetLon,
-                      .onSelectLocation = {}};
+    geo::MapContent content{.mapType = geo::MapType::kWind,
+                            .geoData = {},
+                            .selectedRegion = {},
+                            .selectedProvince = {},
+                            .provinceWindMap = {},
+                            .targetLat = state_.targetLat,
+                            .targetLon = state_.targetLon};
     geo::MapWidget* map = maps_[2];
     if (state_.activeTab == 0) {
         map = maps_[0];
-        view.mapType = geo::MapType::kRegion;
-        view.geoData = state_.regionMapData;
-        view.selectedRegion = state_.selectedRegion;
+        content.mapType = geo::MapType::kRegion;
+        content.geoData = state_.regionMapData;
+        content.selectedRegion = state_.selectedRegion;
     } else if (state_.activeTab == 1) {
         map = maps_[1];
-        view.mapType = geo::MapType::kProvince;
-        view.geoData = state_.provinceMapData;
-        view.selectedProvince = state_.selectedProvince;
+        content.mapType = geo::MapType::kProvince;
+        content.geoData = state_.provinceMapData;
+        content.selectedProvince = state_.selectedProvince;
     } else {
-        view.geoData = state_.provinceMapData;
-        view.provinceWindMap = state_.provinceWindMap;
+        content.geoData = state_.provinceMapData;
+        content.provinceWindMap = state_.provinceWindMap;
     }
-    map->setView(view);
+    map->setContent(content);
     setCurrentWidget(map);
 }
 

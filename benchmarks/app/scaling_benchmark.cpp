@@ -122,14 +122,14 @@ void decodeProvinces(benchmark::State& state) {
 /// A frame of the wind map, rebuilt because the view's size changes from one to the next.
 void mapFrame(benchmark::State& state) {
     geo::MapWidget widget;
-    widget.setView({.mapType = geo::MapType::kWind,
-                    .geoData = *geojson::decodeGeoJSON(outlines("province.json", state.range(0))),
-                    .selectedRegion = {},
-                    .selectedProvince = {},
-                    .provinceWindMap = {},
-                    .targetLat = {},
-                    .targetLon = {},
-                    .onSelectLocation = {}});
+    widget.setContent(
+        {.mapType = geo::MapType::kWind,
+         .geoData = *geojson::decodeGeoJSON(outlines("province.json", state.range(0))),
+         .selectedRegion = {},
+         .selectedProvince = {},
+         .provinceWindMap = {},
+         .targetLat = {},
+         .targetLon = {}});
     int width = 900;
     for ([[maybe_unused]] auto _ : state) {
         widget.resize(width, 600);
@@ -141,16 +141,17 @@ void mapFrame(benchmark::State& state) {
 void globeFrame(benchmark::State& state) {
     std::vector<engine::CountryRing> rings;
     for (std::int64_t copy = 0; copy < state.range(0); ++copy) {
-        rings.insert(rings.end(), geo::plain::countries().begin(), geo::plain::countries().end());
+        rings.insert(rings.end(), geo::reference::countries().begin(),
+                     geo::reference::countries().end());
     }
     geo::GlobeWidget globe([&rings]() -> const std::vector<engine::CountryRing>& { return rings; });
-    globe.resize(geo::plain::kViewSize);
-    QImage image = geo::plain::paper(1);
+    globe.resize(geo::reference::kViewSize);
+    QImage image = geo::reference::paper(1);
     globe.render(&image);
     QApplication::processEvents();
     double lon = 0;
     for ([[maybe_unused]] auto _ : state) {
-        globe.setCenter(0.35, lon += 0.004);
+        globe.setCenter({0.35, lon += 0.004});
         globe.render(&image);
     }
 }

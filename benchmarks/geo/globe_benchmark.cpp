@@ -17,22 +17,22 @@ namespace {
 
 using namespace kalvo;
 
-constexpr graphics::Size kView{double(geo::plain::kViewSize.width()),
-                               double(geo::plain::kViewSize.height())};
+constexpr graphics::Size kView{double(geo::reference::kViewSize.width()),
+                               double(geo::reference::kViewSize.height())};
 constexpr double kTurn = 0.004;  // radians from frame to frame
 
 QImage paper(const benchmark::State& state) {
-    return geo::plain::paper(static_cast<double>(state.range(0)));
+    return geo::reference::paper(static_cast<double>(state.range(0)));
 }
 
 void projectByFormula(benchmark::State& state) {
-    geo::plain::Center center{0.35, 0.2};
-    std::vector<geo::plain::Projected> points;
+    geo::LatLonRadians center{0.35, 0.2};
+    std::vector<geo::reference::Projected> points;
     for ([[maybe_unused]] auto _ : state) {
         points.clear();
-        for (const engine::CountryRing& ring : geo::plain::countries()) {
+        for (const engine::CountryRing& ring : geo::reference::countries()) {
             for (const engine::LatLon& place : ring) {
-                points.push_back(geo::plain::project(place, center));
+                points.push_back(geo::reference::project(place, center));
             }
         }
         benchmark::DoNotOptimize(points.data());
@@ -42,10 +42,10 @@ void projectByFormula(benchmark::State& state) {
 BENCHMARK(projectByFormula)->Unit(benchmark::kMicrosecond);
 
 void project(benchmark::State& state) {
-    geo::GlobeScene scene = geo::GlobeScene::make(geo::plain::countries());
+    geo::GlobeScene scene = geo::GlobeScene::make(geo::reference::countries());
     double lon = 0.2;
     for ([[maybe_unused]] auto _ : state) {
-        scene.outlines.project({0.35, lon, kView}, scene.projected);
+        scene.outlines.project({{0.35, lon}, kView}, scene.projected);
         benchmark::DoNotOptimize(scene.projected.points.data());
         lon += kTurn;
     }
@@ -54,10 +54,10 @@ BENCHMARK(project)->Unit(benchmark::kMicrosecond);
 
 void straightforwardFrame(benchmark::State& state) {
     QImage image = paper(state);
-    geo::plain::Center center{0.35, 0.2};
+    geo::LatLonRadians center{0.35, 0.2};
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
-        geo::plain::draw(painter, center);
+        geo::reference::draw(painter, center);
         center.lon += kTurn;
     }
 }
@@ -65,14 +65,14 @@ BENCHMARK(straightforwardFrame)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 
 void frame(benchmark::State& state) {
     QImage image = paper(state);
-    geo::GlobeWidget globe(geo::plain::countries);
-    globe.resize(geo::plain::kViewSize);
+    geo::GlobeWidget globe(geo::reference::countries);
+    globe.resize(geo::reference::kViewSize);
     // The first frame comes without lines.
     globe.render(&image);
     QApplication::processEvents();
     double lon = 0.2;
     for ([[maybe_unused]] auto _ : state) {
-        globe.setCenter(0.35, lon);
+        globe.setCenter({0.35, lon});
         globe.render(&image, {}, {}, {});
         lon += kTurn;
     }
@@ -81,8 +81,8 @@ BENCHMARK(frame)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 
 /// The outlines as one frame projects them.
 graphics::LineBatch projectedOutlines() {
-    geo::GlobeScene scene = geo::GlobeScene::make(geo::plain::countries());
-    scene.outlines.project({0.35, 0.2, kView}, scene.projected);
+    geo::GlobeScene scene = geo::GlobeScene::make(geo::reference::countries());
+    scene.outlines.project({{0.35, 0.2}, kView}, scene.projected);
     return scene.projected;
 }
 
@@ -106,7 +106,7 @@ void strokeOutlinesByDrawLines(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(geo::plain::pen("#2ebd5e", 1.2));
+        painter.setPen(geo::reference::pen("#2ebd5e", 1.2));
         QList<QLineF> segments;
         for (std::size_t i = 0; i < lines.lineCount(); ++i) {
             const std::span<const graphics::Point> line = lines.line(i);

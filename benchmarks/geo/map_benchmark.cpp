@@ -24,14 +24,14 @@ geo::MapView provinces() {
     static const geojson::GeoMapData map =
         *base::readFile(KALVO_SOURCE_DIR "/resources/province.json")
              .and_then(geojson::decodeGeoJSON);
-    geo::MapView view{.mapType = geo::MapType::kWind,
-                      .geoData = map,
-                      .selectedRegion = {},
-                      .selectedProvince = {},
-                      .provinceWindMap = {},
-                      .targetLat = 41.9,
-                      .targetLon = 12.5,
-                      .onSelectLocation = {}};
+    geo::MapView view;
+    static_cast<geo::MapContent&>(view) = {.mapType = geo::MapType::kWind,
+                                           .geoData = map,
+                                           .selectedRegion = {},
+                                           .selectedProvince = {},
+                                           .provinceWindMap = {},
+                                           .targetLat = 41.9,
+                                           .targetLon = 12.5};
     double yield = 1800;
     for (const geojson::GeoFeature& feature : map.features) {
         view.provinceWindMap[*feature.property("sigla")] = yield += 40;
@@ -82,7 +82,7 @@ template <class Change>
 void shown(benchmark::State& state, Change change) {
     geo::MapWidget widget;
     widget.resize(900, 600);
-    widget.setView(provinces());
+    widget.setContent(provinces());
     widget.show();
     QImage image = surface(state);
     for ([[maybe_unused]] auto _ : state) {

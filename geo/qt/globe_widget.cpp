@@ -18,6 +18,8 @@
 #include "geo/globe_projection.h"
 #include "graphics/qt/conversions.h"
 #include "graphics/qt/qt_canvas.h"
+#include "ui/paint.h"
+#include "ui/theme.h"
 
 namespace kalvo::geo {
 
@@ -46,8 +48,8 @@ GlobeWidget::GlobeWidget(CountryRings countryRings, QWidget* parent)
             .targetLon = {},
             .targetName = {},
             .highlightedCountry = {},
-            .onGlobeTap = [this](double lat, double lon) {
-                if (onGlobeTap) onGlobeTap(lat, lon);
+            .onGlobeTap = [this](engine::LatLon place) {
+                if (onGlobeTap) onGlobeTap(place);
             }} {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -57,21 +59,20 @@ GlobeWidget::GlobeWidget(CountryRings countryRings, QWidget* parent)
     measureTexts();
 }
 
-void GlobeWidget::setCenter(double lat, double lon) {
-    if (lat == view_.centerLat && lon == view_.centerLon) return;
-    view_.centerLat = lat;
-    view_.centerLon = lon;
+void GlobeWidget::setCenter(LatLonRadians center) {
+    if (center == view_.center()) return;
+    view_.centerLat = center.lat;
+    view_.centerLon = center.lon;
     update();
 }
 
-void GlobeWidget::setTarget(std::optional<double> lat,
-                            std::optional<double> lon,
+void GlobeWidget::setTarget(std::optional<engine::LatLon> place,
                             const std::optional<std::string>& name) {
     std::optional<std::string> shown;
     if (name) shown = base::shownText(*name);
-    if (lat == view_.targetLat && lon == view_.targetLon && shown == view_.targetName) return;
-    view_.targetLat = lat;
-    view_.targetLon = lon;
+    if (place == view_.target() && shown == view_.targetName) return;
+    view_.targetLat = place ? std::optional(place->lat) : std::nullopt;
+    view_.targetLon = place ? std::optional(place->lon) : std::nullopt;
     view_.targetName = std::move(shown);
     describe();
     measureTexts();
@@ -82,10 +83,10 @@ QSize GlobeWidget::sizeHint() const { return {640, 400}; }
 
 void GlobeWidget::describe() {
     QString target = QStringLiteral("Nessun luogo segnato.");
-    if (view_.targetLat && view_.targetLon) {
+    if (const auto marked = view_.target()) {
         const QString name =
             view_.targetName ? base::toQString(*view_.targetName) + QStringLiteral(", ") : "";
-        const std::string place = coordinateText(*view_.targetLat, *view_.targetLon);
+        const std::string place = coordinateText(*marked);
         target = QStringLiteral("Luogo segnato: %1%2.").arg(name, base::toQString(place));
     }
     setAccessibleDescription(
@@ -99,7 +100,7 @@ void GlobeWidget::makeScene() {
     const std::vector<engine::CountryRing>& rings = countryRings_();
     hasCountries_ = !rings.empty();
     scene_ = GlobeScene::make(rings);
-    ground_.key.reset();
+    backgroundContent_.reset();
     update();
 }
 
@@ -111,15 +112,15 @@ void GlobeWidget::measureTexts() {
 
 QRect GlobeWidget::discBounds() const {
     constexpr double kRim = 2;  // half the rim's line, and the pixel in which it fades
-    const GlobeProjection projection(0, 0, viewSize());
+    const GlobeProjection projection({}, viewSize());
     const double reach = projection.radius() + kRim;
-    return QRectF(projection.middle().x - reach, projection.middle().y - reach, 2 * reach,
+    return QRectF(projection.center().x - reach, projection.center().y - reach, 2 * reach,
                   2 * reach)
         .toAlignedRect();
 }
 
 QRect GlobeWidget::dirtyRect() const {
-    if (!view_.targetLat || !view_.targetLon) return discBounds();
+    if (!view_.target()) return discBounds();
     // The marker and its label stick out when they are near the rim.
     constexpr int kRing = 10;
     const int side = std::max(kRing, static_cast<int>(labelSize_.width / 2) + 2);
@@ -127,42 +128,39 @@ QRect GlobeWidget::dirtyRect() const {
     return discBounds().adjusted(-side, -above, side, kRing);
 }
 
-void GlobeWidget::keepBackground(double scale) {
-    const Ground::Key key{viewSize(), scale, view_.centerLat};
-    if (ground_.key == key) return;
-    const QRectF square(discBounds());
-    const QRect pixels = QRectF(square.topLeft() * scale, square.size() * scale).toAlignedRect();
-    if (ground_.picture.size() != pixels.size()) {
-        ground_.picture = QImage(pixels.size(), QImage::Format_RGB32);
-    }
-    ground_.key = key;
-    ground_.picture.setDevicePixelRatio(scale);
-    ground_.topLeft = QPointF(pixels.topLeft()) / scale;
-    QPainter painter(&ground_.picture);
-    painter.translate(-ground_.topLeft);
-    graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
-    canvas.fillRect({0, 0, viewSize().width, viewSize().height}, globeBackgroundColor());
-    view_.drawBackground(canvas, viewSize(), scene_);
+void GlobeWidget::updateBackground(double scale) {
+    const QColor color = graphics::toQColor(globeBackgroundColor());
+    const bool isKept = background_.cover(discBounds(), scale, color);
+    const BackgroundContent content{viewSize(), view_.centerLat};
+    if (isKept && backgroundContent_ == content) return;
+    background_.draw([&](QImage& image) {
+        image.fill(color);
+        QPainter painter(&image);
+        painter.translate(-background_.topLeft());
+        graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
+        view_.drawBackground(canvas, viewSize(), scene_);
+    });
+    backgroundContent_ = content;
 }
 
 void GlobeWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    keepBackground(painter.deviceTransform().m11());
+    updateBackground(painter.deviceTransform().m11());
     graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
     if (const QRect area = event->rect(); !discBounds().contains(area)) {
         canvas.fillRect(
             {double(area.x()), double(area.y()), double(area.width()), double(area.height())},
             globeBackgroundColor());
     }
-    painter.drawImage(ground_.topLeft, ground_.picture);
+    background_.paint(painter);
     view_.drawTurning(canvas, viewSize(), scene_);
     const graphics::Rect hint = globeHintBox(hintSize_);
     if (graphics::toQRectF(hint).intersects(event->rect())) {
         drawGlobeHint(canvas, hintSize_);
     }
     if (hasFocusRing_) {
-        canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
-                                 {graphics::Color::hex("#4fcb91"), 1.6});
+        ui::paintFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), ui::kCornerRadius,
+                           ui::Theme::darkAppearance().brandText);
     }
     if (std::exchange(sceneDirty_, false)) {
         QTimer::singleShot(0, this, [this] { makeScene(); });
@@ -235,7 +233,7 @@ void GlobeWidget::mouseReleaseEvent(QMouseEvent* event) {
 
 void GlobeWidget::keyPressEvent(QKeyEvent* event) {
     const auto turnBy = [this](double lat, double lon) {
-        turn(view_, lat, lon, now());
+        turn(view_, {lat, lon}, now());
         centerMoved();
     };
     switch (event->key()) {
@@ -279,7 +277,7 @@ void GlobeWidget::focusOutEvent(QFocusEvent* event) {
 }
 
 void GlobeWidget::centerMoved() {
-    if (onCenterChanged) onCenterChanged(view_.centerLat, view_.centerLon);
+    if (onCenterChanged) onCenterChanged(view_.center());
     update(dirtyRect());
 }
 

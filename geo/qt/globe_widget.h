@@ -6,13 +6,13 @@
 #include <vector>
 
 #include <QBasicTimer>
-#include <QImage>
 #include <QWidget>
 
 #include "engine/country_ring.h"
 #include "geo/drag_recognizer.h"
 #include "geo/globe_scene.h"
 #include "geo/globe_view.h"
+#include "geo/qt/cached_picture.h"
 #include "graphics/qt/thin_line_renderer.h"
 
 namespace kalvo::geo {
@@ -22,6 +22,8 @@ namespace kalvo::geo {
 /// tapped with the pointer or, at its center, with the return key. Hidden or minimized it does
 /// nothing at all; shown anew it turns again.
 class GlobeWidget final : public QWidget {
+    Q_OBJECT
+
  public:
     using CountryRings = std::function<const std::vector<engine::CountryRing>&()>;
 
@@ -29,20 +31,17 @@ class GlobeWidget final : public QWidget {
     /// need not wait for its lines, and again the next time it is shown if there were none.
     explicit GlobeWidget(CountryRings countryRings, QWidget* parent = nullptr);
 
-    /// Told the center, in radians, whenever the globe has moved by itself or by the user's hand.
-    std::function<void(double lat, double lon)> onCenterChanged;
-    /// Told the place of a tap, in degrees.
-    std::function<void(double lat, double lon)> onGlobeTap;
+    /// Told the center whenever the globe has moved by itself or by the user's hand.
+    std::function<void(LatLonRadians)> onCenterChanged;
+    /// Told the place of a tap.
+    std::function<void(engine::LatLon)> onGlobeTap;
 
-    /// Turns the globe to a center in radians; `onCenterChanged` is not told.
-    void setCenter(double lat, double lon);
-    /// Marks a place, in degrees, or none.
-    void setTarget(std::optional<double> lat,
-                   std::optional<double> lon,
-                   const std::optional<std::string>& name);
+    /// Turns the globe to a center; `onCenterChanged` is not told.
+    void setCenter(LatLonRadians center);
+    /// Marks a place or none; its name stands above the mark.
+    void setTarget(std::optional<engine::LatLon> place, const std::optional<std::string>& name);
 
-    [[nodiscard]] double centerLat() const { return view_.centerLat; }
-    [[nodiscard]] double centerLon() const { return view_.centerLon; }
+    [[nodiscard]] LatLonRadians center() const { return view_.center(); }
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -61,42 +60,38 @@ class GlobeWidget final : public QWidget {
     void changeEvent(QEvent* event) override;
 
  private:
-    /// The part of the picture that stays as it is while the globe turns about its axis, finished.
-    struct Ground {
-        struct Key {
-            graphics::Size viewSize;
-            double scale;
-            double centerLat;
-            friend bool operator==(const Key&, const Key&) = default;
-        };
-        std::optional<Key> key;
-        QImage picture;
-        QPointF topLeft;
+    /// What the picture depends on that stays while the globe turns about its axis.
+    struct BackgroundContent {
+        graphics::Size viewSize;
+        double centerLat;  // radians
+        friend bool operator==(const BackgroundContent&, const BackgroundContent&) = default;
     };
 
     [[nodiscard]] graphics::Size viewSize() const;
     void makeScene();
     void describe();
     void measureTexts();
-    /// What the disc and its rim fill, and what may change while the globe turns.
+    /// Returns what the disc and its rim fill.
     [[nodiscard]] QRect discBounds() const;
+    /// Returns what may change while the globe turns.
     [[nodiscard]] QRect dirtyRect() const;
-    /// Draws the ground anew if it is not that of the present view, at so many pixels a point.
-    void keepBackground(double scale);
+    /// Brings the kept background up to date, at so many device pixels a point.
+    void updateBackground(double scale);
     void press(const QMouseEvent& event, DragRecognizer::Press kind);
     void runTimer();
-    /// After the globe has turned: tells the new center and paints it.
+    /// Tells and paints the center that the globe has turned to.
     void centerMoved();
     void setFocusRing(bool shown);
 
     CountryRings countryRings_;
     GlobeScene scene_{};
-    bool sceneDirty_ = true;  // after the next painting
+    bool sceneDirty_ = true;  // made anew after the next painting
     bool hasCountries_ = false;
     GlobeView view_;
     DragRecognizer pointer_;
     QBasicTimer timer_;
-    Ground ground_;
+    CachedPicture background_;
+    std::optional<BackgroundContent> backgroundContent_;  // what it shows, if anything
     graphics::ThinLineRenderer thinLineRenderer_;
     graphics::Size hintSize_{};
     graphics::Size labelSize_{};

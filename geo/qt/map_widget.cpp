@@ -18,6 +18,8 @@
 #include "graphics/qt/conversions.h"
 #include "graphics/qt/parallel_painting.h"
 #include "graphics/qt/qt_canvas.h"
+#include "ui/paint.h"
+#include "ui/theme.h"
 
 namespace kalvo::geo {
 
@@ -43,16 +45,7 @@ QString accessibleNameOf(MapType type) {
 
 }  // namespace
 
-MapWidget::MapWidget(QWidget* parent)
-    : QWidget(parent),
-      view_{.mapType = MapType::kRegion,
-            .geoData = {},
-            .selectedRegion = {},
-            .selectedProvince = {},
-            .provinceWindMap = {},
-            .targetLat = {},
-            .targetLon = {},
-            .onSelectLocation = {}} {
+MapWidget::MapWidget(QWidget* parent) : QWidget(parent), view_{} {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
@@ -61,12 +54,12 @@ MapWidget::MapWidget(QWidget* parent)
     describe();
 }
 
-void MapWidget::setView(const MapView& view) {
-    if (sameContent(view, view_)) return;
-    if (view.geoData != view_.geoData) scene_.reset();
-    const MapGestures gestures = view.mapType == view_.mapType ? view_.gestures : MapGestures{};
-    view_ = view;
-    view_.gestures = gestures;
+void MapWidget::setContent(const MapContent& content) {
+    MapContent& shown = view_;
+    if (content == shown) return;
+    if (content.geoData != shown.geoData) scene_.reset();
+    if (content.mapType != shown.mapType) view_.gestures = {};
+    shown = content;
     describe();
     invalidatePicture();
 }
@@ -80,60 +73,37 @@ const MapScene& MapWidget::scene() {
     return *scene_;
 }
 
-std::optional<QPoint> MapWidget::pictureShift() const {
-    if (!cachedGestures_ || cachedGestures_->scale != view_.gestures.scale) return std::nullopt;
-    const Size from = cachedGestures_->offset;
-    const Size to = view_.gestures.offset;
-    const QPointF shift =
-        QPointF(to.width - from.width, to.height - from.height) * devicePixelRatioF();
-    if (!(std::abs(shift.x()) < picture_.width() && std::abs(shift.y()) < picture_.height())) {
-        return std::nullopt;
-    }
-    const QPoint whole = shift.toPoint();
-    if (QPointF(whole) != shift) return std::nullopt;
-    return whole;
+void MapWidget::updatePicture() {
+    const QColor background = graphics::toQColor(mapBackgroundColor());
+    // At a fractional scale the map ends within the last row of pixels, whose rest shows too.
+    if (!picture_.cover(rect(), devicePixelRatioF(), background)) cachedGestures_.reset();
+    if (!scrollPicture()) drawPicture();
+    cachedGestures_ = view_.gestures;
 }
 
-void MapWidget::updatePicture() {
-    const double pixels = devicePixelRatioF();
-    const QSize pictureSize = (QSizeF(size()) * pixels).toSize();
-    if (picture_.size() != pictureSize || picture_.devicePixelRatio() != pixels) {
-        picture_ = QPixmap(pictureSize);
-        picture_.setDevicePixelRatio(pixels);
-        // At a fractional scale the map ends within the last row of pixels, whose rest shows too.
-        const graphics::Color ground = mapBackgroundColor();
-        picture_.fill(graphics::toQColor(ground));
-        cachedGestures_.reset();
-    }
-    if (const auto shift = pictureShift()) {
-        QRegion uncovered;
-        picture_.scroll(shift->x(), shift->y(), QRect({0, 0}, pictureSize), &uncovered);
-        QPainter painter(&picture_);
-        for (const QRect& part : uncovered) {
-            drawPart(painter, scene(),
-                     {QPointF(part.topLeft()) / pixels, QSizeF(part.size()) / pixels});
-        }
-    } else {
-        drawPicture();
-    }
-    cachedGestures_ = view_.gestures;
+bool MapWidget::scrollPicture() {
+    if (!cachedGestures_ || cachedGestures_->scale != view_.gestures.scale) return false;
+    const Size from = cachedGestures_->offset;
+    const Size to = view_.gestures.offset;
+    return picture_.scroll(
+        {to.width - from.width, to.height - from.height},
+        [this](QPainter& painter, const QRectF& part) { drawPart(painter, scene(), part); });
 }
 
 void MapWidget::drawPicture() {
     const MapScene& scene = this->scene();
-    // The pixmap's own memory, and afterwards again.
-    QImage image = std::exchange(picture_, {}).toImage();
-    const auto draw = [&](QPainter& painter, const QRectF& part) {
-        drawPart(painter, scene, part);
-    };
-    if (view_.geoData) {
-        graphics::paintTiles(image, draw);
-    } else {
-        // A text: not worth loading its font for another thread.
-        QPainter painter(&image);
-        draw(painter, rect());
-    }
-    picture_ = QPixmap::fromImage(std::move(image));
+    picture_.draw([&](QImage& image) {
+        const auto draw = [&](QPainter& painter, const QRectF& part) {
+            drawPart(painter, scene, part);
+        };
+        if (view_.geoData) {
+            graphics::paintTiles(image, draw);
+        } else {
+            // A text: not worth loading its font for another thread.
+            QPainter painter(&image);
+            draw(painter, rect());
+        }
+    });
 }
 
 void MapWidget::drawPart(QPainter& painter, const MapScene& scene, const QRectF& part) const {
@@ -164,16 +134,15 @@ void MapWidget::invalidatePicture() {
 void MapWidget::paintEvent(QPaintEvent*) {
     updatePicture();
     QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
+    picture_.paint(painter);
     if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange)) return;
-    graphics::QtCanvas canvas(painter, viewSize());
-    canvas.strokeRoundedRect({2.8, 2.8, viewSize().width - 5.6, viewSize().height - 5.6}, 6.5,
-                             {graphics::Color::hex("#0b7a53"), 1.6});
+    ui::paintFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), ui::kCornerRadius,
+                       ui::Theme::lightAppearance().brandText);
 }
 
 void MapWidget::resizeEvent(QResizeEvent*) {
     scene_.reset();
-    picture_ = {};
+    picture_.release();
 }
 
 void MapWidget::showEvent(QShowEvent* event) {
@@ -182,7 +151,7 @@ void MapWidget::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) showWholeMap();
 }
 
-void MapWidget::hideEvent(QHideEvent*) { picture_ = {}; }
+void MapWidget::hideEvent(QHideEvent*) { picture_.release(); }
 
 void MapWidget::describe() {
     setAccessibleName(accessibleNameOf(view_.mapType));

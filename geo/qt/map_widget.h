@@ -2,11 +2,11 @@
 
 #include <optional>
 
-#include <QPixmap>
 #include <QWidget>
 
 #include "geo/map_scene.h"
 #include "geo/map_view.h"
+#include "geo/qt/cached_picture.h"
 
 class QHelpEvent;
 class QNativeGestureEvent;
@@ -19,12 +19,14 @@ namespace kalvo::geo {
 /// told what it is on. The finished picture is kept: a map that has not changed is only copied to
 /// the screen, and one that moves is drawn only where it comes into sight.
 class MapWidget final : public QWidget {
+    Q_OBJECT
+
  public:
     explicit MapWidget(QWidget* parent = nullptr);
 
-    /// What to show, apart from zoom and pan: those stay as the user left them, except that
-    /// another type of map starts with the whole of it. Nothing happens when nothing changes.
-    void setView(const MapView& view);
+    /// Shows another content. Zoom and pan stay as the user left them, except that another type of
+    /// map starts with the whole of it. Nothing happens when nothing changes.
+    void setContent(const MapContent& content);
 
     [[nodiscard]] const MapView& view() const { return view_; }
 
@@ -46,10 +48,10 @@ class MapWidget final : public QWidget {
  private:
     [[nodiscard]] graphics::Size viewSize() const;
     [[nodiscard]] const MapScene& scene();
-    /// How far the picture has to be moved, in device pixels, if that is all it needs.
-    [[nodiscard]] std::optional<QPoint> pictureShift() const;
     /// Brings the kept picture up to date, drawing as little of it as possible.
     void updatePicture();
+    /// Moves the kept picture, if that is all it needs; returns whether it is.
+    [[nodiscard]] bool scrollPicture();
     void drawPicture();
     void drawPart(QPainter& painter, const MapScene& scene, const QRectF& part) const;
     void invalidatePicture();
@@ -64,9 +66,8 @@ class MapWidget final : public QWidget {
 
     MapView view_;
     std::optional<MapScene> scene_;
-    QPixmap picture_;
-    std::optional<MapGestures>
-        cachedGestures_;  // the zoom and pan that the picture shows, if it does
+    CachedPicture picture_;
+    std::optional<MapGestures> cachedGestures_;  // the zoom and pan that it shows, if any
     double nativeMagnification_ = 1;
     QPointF pressedAt_;
 };

@@ -63,12 +63,12 @@ TEST_F(DetailColumnTest, TheGlobeTurnsTheStateAndTheStateTheGlobe) {
     state().globeCenterLat = 0.7;
     state().globeCenterLon = -1.2;
     screen().redraw();
-    EXPECT_DOUBLE_EQ(globe()->centerLat(), 0.7);
-    EXPECT_DOUBLE_EQ(globe()->centerLon(), -1.2);
+    EXPECT_DOUBLE_EQ(globe()->center().lat, 0.7);
+    EXPECT_DOUBLE_EQ(globe()->center().lon, -1.2);
     globe()->setFocus();
     QTest::keyClick(globe(), Qt::Key_Right);
     EXPECT_NE(state().globeCenterLon, -1.2);
-    EXPECT_DOUBLE_EQ(state().globeCenterLon, globe()->centerLon());
+    EXPECT_DOUBLE_EQ(state().globeCenterLon, globe()->center().lon);
 }
 
 TEST_F(DetailColumnTest, TheAnalysisPickerChangesWhatTheDetailsShow) {

@@ -75,7 +75,7 @@ TEST(GlobeGesturesTest, TapNamesThePlaceInDegrees) {
     view.centerLat = toRadians(45);
     view.centerLon = 10 * kPi + toRadians(9);
     std::vector<engine::LatLon> taps;
-    view.onGlobeTap = [&](double lat, double lon) { taps.push_back({lat, lon}); };
+    view.onGlobeTap = [&](engine::LatLon place) { taps.push_back(place); };
     tap(view, {115, 115}, {230, 230});
     tap(view, {5, 5}, {230, 230});
     ASSERT_EQ(taps.size(), 1u);

@@ -23,14 +23,14 @@ TEST(GlobePictureTest, LooksLikeTheStraightforwardDrawing) {
         double lon;
     };
     for (const Case& c : {Case{1, 41, 12}, Case{2, 41, 12}, Case{1, -85, 170}, Case{1, 0, -180}}) {
-        QImage expected = plain::paper(c.scale);
+        QImage expected = reference::paper(c.scale);
         QPainter painter(&expected);
-        plain::draw(painter, {toRadians(c.lat), toRadians(c.lon)});
+        reference::draw(painter, {toRadians(c.lat), toRadians(c.lon)});
         painter.end();
-        GlobeWidget globe(plain::countries);
-        finish(globe, plain::kViewSize);
-        globe.setCenter(toRadians(c.lat), toRadians(c.lon));
-        QImage picture = plain::paper(c.scale);
+        GlobeWidget globe(reference::countries);
+        finish(globe, reference::kViewSize);
+        globe.setCenter({toRadians(c.lat), toRadians(c.lon)});
+        QImage picture = reference::paper(c.scale);
         globe.render(&picture);
         // The hint is not part of the comparison.
         for (QImage* image : {&expected, &picture}) {
@@ -43,20 +43,20 @@ TEST(GlobePictureTest, LooksLikeTheStraightforwardDrawing) {
 
 TEST(GlobePictureTest, WhatIsKeptFitsTheNextPicture) {
     const auto fresh = [](double lat, double lon, QSize size) {
-        GlobeWidget globe(plain::countries);
+        GlobeWidget globe(reference::countries);
         finish(globe, size);
-        globe.setCenter(lat, lon);
+        globe.setCenter({lat, lon});
         return globe.grab().toImage();
     };
-    GlobeWidget globe(plain::countries);
-    finish(globe, plain::kViewSize);
+    GlobeWidget globe(reference::countries);
+    finish(globe, reference::kViewSize);
     globe.grab();
-    globe.setCenter(0.5, 1);
-    EXPECT_EQ(globe.grab().toImage(), fresh(0.5, 1, plain::kViewSize));
+    globe.setCenter({0.5, 1});
+    EXPECT_EQ(globe.grab().toImage(), fresh(0.5, 1, reference::kViewSize));
     // The corners of the parallels stay where they were, a tenth of a point from where they would
     // be now.
-    globe.setCenter(0.5, 2);
-    EXPECT_LT(tests::difference(globe.grab().toImage(), fresh(0.5, 2, plain::kViewSize)).mean,
+    globe.setCenter({0.5, 2});
+    EXPECT_LT(tests::difference(globe.grab().toImage(), fresh(0.5, 2, reference::kViewSize)).mean,
               0.02);
     for (const QSize size : {QSize(300, 400), QSize(301, 400), QSize(970, 300)}) {
         globe.resize(size);

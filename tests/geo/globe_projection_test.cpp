@@ -16,14 +16,14 @@ constexpr Size kView{300, 200};
 constexpr double kRadius = 200 / 2.3;
 
 GlobeProjection from(double latDegrees, double lonDegrees) {
-    return {toRadians(latDegrees), toRadians(lonDegrees), kView};
+    return {{toRadians(latDegrees), toRadians(lonDegrees)}, kView};
 }
 
 TEST(GlobeProjectionTest, DiscFitsTheShorterSide) {
     for (const Size size : {Size{300, 200}, Size{200, 300}}) {
-        const GlobeProjection projection(0, 0, size);
+        const GlobeProjection projection({}, size);
         EXPECT_NEAR(projection.radius(), 86.9565, 0.0001);
-        EXPECT_EQ(projection.middle(), (Point{size.width / 2, size.height / 2}));
+        EXPECT_EQ(projection.center(), (Point{size.width / 2, size.height / 2}));
     }
 }
 
@@ -31,7 +31,7 @@ TEST(GlobeProjectionTest, ProjectsPlacesWorkedByHand) {
     struct Case {
         LatLon center;
         LatLon place;
-        Point offset;  // from the middle, in radii
+        Point offset;  // from the center, in radii
         double cosDistance;
     };
     const double half = std::sqrt(0.5);
@@ -106,7 +106,19 @@ TEST(GlobeProjectionTest, InvertsPointsWorkedByHand) {
         EXPECT_NEAR(found->lat, place->lat, 1e-5);
         EXPECT_NEAR(found->lon, place->lon, 1e-5);
     }
-    EXPECT_FALSE(GlobeProjection(0, 0, {0, 100}).invert({0, 50})) << "a view without area";
+    EXPECT_FALSE(GlobeProjection({}, {0, 100}).invert({0, 50})) << "a view without area";
+}
+
+TEST(GlobeProjectionTest, InvertsTheFarMeridianIntoTheTurn) {
+    // Beyond the pole, which is at 0.62 radii above the center, the turn is half a one: 11 pi.
+    const GlobeProjection projection({0.9, 10 * kPi}, kView);
+    for (int step = 63; step < 100; ++step) {
+        const auto place = projection.invert({150, 100 - kRadius * step / 100});
+        ASSERT_TRUE(place);
+        EXPECT_GE(place->lon, -180) << step;
+        EXPECT_LT(place->lon, 180) << step;
+        EXPECT_NEAR(std::abs(place->lon), 180, 1e-9) << step;
+    }
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ class GlobeWidgetTest : public testing::Test {
  protected:
     GlobeWidgetTest() {
         globe_.resize(230, 230);
-        globe_.onGlobeTap = [this](double lat, double lon) { taps_.push_back({lat, lon}); };
-        globe_.onCenterChanged = [this](double, double) { ++moves_; };
+        globe_.onGlobeTap = [this](engine::LatLon place) { taps_.push_back(place); };
+        globe_.onCenterChanged = [this](LatLonRadians) { ++moves_; };
     }
 
     /// Shows the globe and stops it where it is.
@@ -24,7 +24,7 @@ class GlobeWidgetTest : public testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&globe_));
         QTest::keyClick(&globe_, Qt::Key_Space);
         moves_ = 0;
-        globe_.setCenter(0, 0);
+        globe_.setCenter({});
     }
 
     std::vector<engine::CountryRing> rings_;
@@ -60,7 +60,7 @@ TEST_F(GlobeWidgetTest, ADragTurnsTheGlobeAndIsNoTap) {
     EXPECT_EQ(moves_, 0);
     QTest::mouseMove(&globe_, {100, 150});
     EXPECT_EQ(moves_, 1);
-    EXPECT_GT(globe_.centerLat(), 0);
+    EXPECT_GT(globe_.center().lat, 0);
     QTest::mouseRelease(&globe_, Qt::LeftButton, {}, {100, 150});
     EXPECT_TRUE(taps_.empty());
     QTest::mouseMove(&globe_, {50, 50});
@@ -129,7 +129,7 @@ TEST_F(GlobeWidgetTest, PaintsOnlyTheDiscWhileItTurnsAndNothingUnseen) {
     EXPECT_TRUE(disc.adjusted(-1, -1, 1, 1).contains(areas.list.back()));
 
     // The label of a target at the rim sticks out of the disc.
-    globe_.setTarget(0, 80, "Un nome lungo");
+    globe_.setTarget(engine::LatLon{0, 80}, "Un nome lungo");
     areas.list.clear();
     ASSERT_TRUE(QTest::qWaitFor([&] { return areas.list.size() >= 3; }, 2000));
     EXPECT_TRUE(areas.list.back().contains(disc.adjusted(-40, -13, 40, 10)));
@@ -165,19 +165,18 @@ TEST_F(GlobeWidgetTest, AsksForTheCountriesOnceItIsPaintedAndUntilThereAreSome) 
 }
 
 TEST_F(GlobeWidgetTest, ShowsAndTellsItsCenterAndItsTarget) {
-    globe_.setCenter(0.35, 12);
-    EXPECT_EQ(globe_.centerLat(), 0.35);
-    EXPECT_EQ(globe_.centerLon(), 12);
+    globe_.setCenter({0.35, 12});
+    EXPECT_EQ(globe_.center(), (LatLonRadians{0.35, 12}));
     EXPECT_EQ(moves_, 0) << "who sets the center knows it";
     EXPECT_TRUE(globe_.accessibleDescription().startsWith("Nessun luogo segnato."));
-    globe_.setTarget(41.89, -12.51, "Roma");
+    globe_.setTarget(engine::LatLon{41.89, -12.51}, "Roma");
     EXPECT_TRUE(globe_.accessibleDescription().startsWith(
         QStringLiteral("Luogo segnato: Roma, 41,9° nord, 12,5° ovest.")))
         << globe_.accessibleDescription().toStdString();
-    globe_.setTarget(41.89, -12.51, std::string(1'000'000, 'x'));
+    globe_.setTarget(engine::LatLon{41.89, -12.51}, std::string(1'000'000, 'x'));
     EXPECT_LT(globe_.accessibleDescription().size(), 500);
-    globe_.setCenter(0, 0);
-    globe_.setTarget(0, 0, std::nullopt);
+    globe_.setCenter({});
+    globe_.setTarget(engine::LatLon{0, 0}, std::nullopt);
     const QImage picture = globe_.grab().toImage();
     EXPECT_EQ(picture.pixelColor(2, 227), QColor("#0c1d2d"));
     EXPECT_EQ(picture.pixelColor(115, 115), QColor(255, 59, 48));

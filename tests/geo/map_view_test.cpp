@@ -82,13 +82,15 @@ TEST(MapProjection, BoxesWithoutAnAreaAreFramedAllTheSame) {
     for (const auto& [bounds, scale] : {Case{{12, 12, 42, 42}, 1000},  // a tenth of a degree
                                         Case{{12, 12, 40, 45}, 20}, Case{{10, 20, 42, 42}, 10}}) {
         const MapProjection projection(bounds, {128, 128});
-        EXPECT_NEAR(projection.scale(), scale, 1e-6);
-        const Point middle = projection.project((bounds.minLng + bounds.maxLng) / 2,
+        const double degree = projection.project(1, 0).x - projection.project(0, 0).x;
+        EXPECT_NEAR(degree, scale, 1e-6);
+        const Point center = projection.project((bounds.minLng + bounds.maxLng) / 2,
                                                 (bounds.minLat + bounds.maxLat) / 2);
-        EXPECT_NEAR(middle.x, 64, 1e-6);
-        EXPECT_NEAR(middle.y, 64, 1e-6);
+        EXPECT_NEAR(center.x, 64, 1e-6);
+        EXPECT_NEAR(center.y, 64, 1e-6);
     }
-    EXPECT_EQ(MapProjection(kDefaultMapBounds, {20, 500}).scale(), 0) << "no mirrored maps";
+    const MapProjection narrow(kDefaultMapBounds, {20, 500});
+    EXPECT_EQ(narrow.project(7, 40), narrow.project(18, 40)) << "no mirrored maps";
 }
 
 TEST(MapScene, PolygonsAreRingsAtEitherDepth) {

@@ -39,7 +39,7 @@ class MapWidgetTest : public testing::Test {
  protected:
     MapWidgetTest() {
         map_.resize(128, 128);
-        map_.setView(mapView(MapType::kWind));
+        map_.setContent(mapView(MapType::kWind));
         map_.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&map_));
     }
@@ -145,9 +145,9 @@ TEST_F(MapWidgetTest, WhatChangesShowsAndWhatStaysIsNotDrawnAgain) {
 
     MapView windy = mapView(MapType::kWind);
     windy.provinceWindMap = {{"RM", 5900}};
-    map_.setView(windy);
+    map_.setContent(windy);
     EXPECT_GT(pixel({64, 64}).red(), 200);
-    map_.setView(mapView(MapType::kWind));
+    map_.setContent(mapView(MapType::kWind));
     EXPECT_EQ(pixel({64, 64}), calm);
 
     QTest::keyClick(&map_, Qt::Key_Plus);
@@ -158,12 +158,12 @@ TEST_F(MapWidgetTest, WhatChangesShowsAndWhatStaysIsNotDrawnAgain) {
 
     QApplication::processEvents();
     tests::PaintedAreas painted(map_);
-    map_.setView(mapView(MapType::kWind));
+    map_.setContent(mapView(MapType::kWind));
     turnWheel(0);
     nativeGesture(Qt::ZoomNativeGesture, 0.005);
     QApplication::processEvents();
     EXPECT_TRUE(painted.list.empty());
-    map_.setView(windy);
+    map_.setContent(windy);
     QApplication::processEvents();
     EXPECT_FALSE(painted.list.empty());
 }
@@ -177,7 +177,7 @@ TEST_F(MapWidgetTest, AMapThatMovesLooksAsIfDrawnAnew) {
     view.selectedRegion = "Lazio";
     view.targetLat = 15;
     view.targetLon = 15;
-    map_.setView(view);
+    map_.setContent(view);
     turnWheel(240, {40, 80});
     map_.grab();
     QTest::mousePress(&map_, Qt::LeftButton, {}, {64, 64});
@@ -199,7 +199,7 @@ TEST_F(MapWidgetTest, TheBandsOfThePictureJoinWithoutASeam) {
     for (const QSize size : {QSize(301, 403), QSize(200, 1), QSize(150, 3)}) {
         MapWidget map;
         map.resize(size);
-        map.setView(view);
+        map.setContent(view);
         QTest::keyClick(&map, Qt::Key_Plus);
         QImage expected(size, QImage::Format_RGB32);
         QPainter painter(&expected);
@@ -217,9 +217,9 @@ TEST_F(MapWidgetTest, ZoomOutlivesNewDataButNotAnotherMapOrAnotherPage) {
     MapView other = mapView(MapType::kWind);
     other.geoData = square("{}");
     other.targetLat = 12;
-    map_.setView(other);
+    map_.setContent(other);
     EXPECT_DOUBLE_EQ(scale(), 1.25);
-    map_.setView(mapView(MapType::kProvince));
+    map_.setContent(mapView(MapType::kProvince));
     EXPECT_DOUBLE_EQ(scale(), 1);
     turnWheel(120);
     map_.hide();
@@ -239,7 +239,7 @@ TEST_F(MapWidgetTest, AToolTipNamesWhatIsUnderThePointer) {
     EXPECT_EQ(toolTipAt({20, 64}), "");
     MapView waiting = mapView(MapType::kWind);
     waiting.geoData = {};
-    map_.setView(waiting);
+    map_.setContent(waiting);
     EXPECT_EQ(toolTipAt({64, 64}), "");
 }
 
@@ -247,12 +247,12 @@ TEST_F(MapWidgetTest, IsDescribedForThoseWhoCannotSeeIt) {
     MapView view = mapView(MapType::kRegion);
     view.targetLat = 41.9;
     view.targetLon = -12.46;
-    map_.setView(view);
+    map_.setContent(view);
     EXPECT_EQ(map_.accessibleName(), "Mappa delle regioni");
     EXPECT_TRUE(map_.accessibleDescription().startsWith(
         "Regioni: 1. Luogo segnato: 41,9° nord, 12,5° ovest."));
     view.geoData = {};
-    map_.setView(view);
+    map_.setContent(view);
     EXPECT_TRUE(map_.accessibleDescription().startsWith("Caricamento mappa in corso..."));
 }
 

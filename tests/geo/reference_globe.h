@@ -12,7 +12,7 @@
 
 /// The globe drawn the straightforward way: every sine and cosine for every point, every line a
 /// path of its own. What the real drawing must look like, and be faster than.
-namespace kalvo::geo::plain {
+namespace kalvo::geo::reference {
 
 inline constexpr QSize kViewSize(970, 508);
 
@@ -30,17 +30,12 @@ inline QImage paper(double scale) {
     return image;
 }
 
-struct Center {
-    double lat;  // radians
-    double lon;
-};
-
 struct Projected {
     QPointF point;
     double cosDistance;
 };
 
-inline Projected project(engine::LatLon place, const Center& center) {
+inline Projected project(engine::LatLon place, LatLonRadians center) {
     const double radius = std::min(kViewSize.width(), kViewSize.height()) / 2.3;
     const double lat = toRadians(place.lat);
     const double turn = toRadians(place.lon) - center.lon;
@@ -52,7 +47,7 @@ inline Projected project(engine::LatLon place, const Center& center) {
                 std::cos(center.lat) * std::cos(lat) * std::cos(turn)};
 }
 
-inline void stroke(QPainter& painter, const engine::CountryRing& line, const Center& center) {
+inline void stroke(QPainter& painter, const engine::CountryRing& line, LatLonRadians center) {
     QPainterPath path;
     bool joined = false;
     for (const engine::LatLon& place : line) {
@@ -71,7 +66,7 @@ inline QPen pen(const char* color, double width) {
     return pen;
 }
 
-inline void draw(QPainter& painter, const Center& center) {
+inline void draw(QPainter& painter, LatLonRadians center) {
     const double radius = std::min(kViewSize.width(), kViewSize.height()) / 2.3;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(QRect(QPoint(), kViewSize), QColor("#0c1d2d"));
@@ -94,4 +89,4 @@ inline void draw(QPainter& painter, const Center& center) {
     for (const engine::CountryRing& ring : countries()) stroke(painter, ring, center);
 }
 
-}  // namespace kalvo::geo::plain
+}  // namespace kalvo::geo::reference
