@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -38,12 +39,17 @@ struct Wedge {
     double endBearing;    // degrees, not smaller than startBearing
 };
 
-/// The application's sans-serif at a size in points; `bold` is drawn semibold.
+/// The application's sans-serif at a size in points; `bold` is drawn semibold, `tabular` with
+/// digits of one width.
 struct TextStyle {
     double size;
     bool bold;
     Color color;
+    bool tabular = false;
 };
+
+/// Which end of a line of text, or its center, lies at the point where it is drawn.
+enum class TextAlignment { kLeft, kCenter, kRight };
 
 /// Many open lines in flat storage: line i holds the points from offsets[i] up to offsets[i + 1],
 /// the last one those up to the end. Reused from frame to frame without allocating.
@@ -84,6 +90,16 @@ class Canvas {
     virtual void fillWedge(const Wedge& wedge, const Color& color) = 0;
     /// Draws one line of UTF-8 text whose box is centered on `center`.
     virtual void drawText(std::string_view text, Point center, const TextStyle& style) = 0;
+    /// Draws one line of UTF-8 text whose baseline runs through `baseline`, at exactly the size
+    /// of its style, where `drawText` may round it to the pixels of a display.
+    virtual void drawTextLine(std::string_view text,
+                              Point baseline,
+                              TextAlignment alignment,
+                              const TextStyle& style) = 0;
+    /// Returns how wide `drawTextLine` draws a text, in points; the same on every surface.
+    [[nodiscard]] virtual double textWidth(std::string_view text, const TextStyle& style) const = 0;
+    /// Draws the picture in a PNG file, stretched to the rectangle; nothing if it cannot be read.
+    virtual void drawPicture(const std::filesystem::path& file, const Rect& rect) = 0;
 
     virtual void save() = 0;
     virtual void restore() = 0;

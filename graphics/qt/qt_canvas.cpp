@@ -6,16 +6,21 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QPaintEngine>
 #include <QPainterPath>
 
+#include "base/bundle.h"
 #include "base/qt/qstring.h"
 #include "graphics/qt/clipping.h"
 #include "graphics/qt/conversions.h"
+#include "graphics/qt/png_reader.h"
 #include "graphics/qt/stroker.h"
 
 namespace kalvo::graphics {
 
 namespace {
+
+constexpr int kFontScale = 20;
 
 QPen qtPen(const Stroke& stroke) {
     QPen pen(toQColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
@@ -91,9 +96,11 @@ void QtCanvas::fillPath(const Path& path, const Color& color) {
 }
 
 void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
-    // QPainter has a fast path for lines of up to a pixel.
+    // QPainter has a fast path for lines of up to a pixel, and a file of vectors is smallest with
+    // the lines themselves.
     const bool isThin = stroke.width * painter_.deviceTransform().m11() <= 1;
-    const bool isOutlined = stroke.dash.empty() && !isThin;
+    const bool isVector = painter_.paintEngine()->type() == QPaintEngine::Pdf;
+    const bool isOutlined = stroke.dash.empty() && !isThin && !isVector;
     QPainterPath shape;
     shape.setFillRule(Qt::WindingFill);
     // A miter may reach ten half widths from its corner.
@@ -187,6 +194,48 @@ void QtCanvas::drawText(std::string_view text, Point center, const TextStyle& st
     const double left = center.x - metrics.horizontalAdvance(line) / 2;
     const double baseline = center.y + (metrics.ascent() - metrics.descent()) / 2;
     painter_.drawText(QPointF(left, baseline), line);
+}
+
+QFont QtCanvas::exactFont(const TextStyle& style) const {
+    QFont font = painter_.font();
+    const QString family = font.family();
+    if (style.tabular) font.setFamilies({family + QStringLiteral(" Tabular"), family});
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size * kFontScale))));
+    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+void QtCanvas::drawTextLine(std::string_view text,
+                            Point baseline,
+                            TextAlignment alignment,
+                            const TextStyle& style) {
+    if (!reaches(visibleArea(1000), baseline, 0)) return;
+    const double share = alignment == TextAlignment::kLeft     ? 0
+                         : alignment == TextAlignment::kCenter ? 0.5
+                                                               : 1;
+    const double left = share == 0 ? 0 : -share * textWidth(text, style) * kFontScale;
+    painter_.save();
+    painter_.translate(baseline.x, baseline.y);
+    painter_.scale(1.0 / kFontScale, 1.0 / kFontScale);
+    painter_.setFont(exactFont(style));
+    painter_.setPen(toQColor(style.color));
+    painter_.drawText(QPointF(left, 0), base::toQString(text));
+    painter_.restore();
+}
+
+double QtCanvas::textWidth(std::string_view text, const TextStyle& style) const {
+    return QFontMetricsF(exactFont(style)).horizontalAdvance(base::toQString(text)) / kFontScale;
+}
+
+void QtCanvas::drawPicture(const std::filesystem::path& file, const Rect& rect) {
+    const auto bytes = base::readFile(file);
+    if (!bytes) return;
+    painter_.save();
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_.setRenderHint(QPainter::LosslessImageRendering);
+    painter_.drawImage(toQRectF(rect), readPng(*bytes));
+    painter_.restore();
 }
 
 void QtCanvas::save() { painter_.save(); }

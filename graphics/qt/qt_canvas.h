@@ -34,6 +34,12 @@ class QtCanvas final : public Canvas {
     void strokeCircle(Point center, double radius, const Stroke& stroke) override;
     void fillWedge(const Wedge& wedge, const Color& color) override;
     void drawText(std::string_view text, Point center, const TextStyle& style) override;
+    void drawTextLine(std::string_view text,
+                      Point baseline,
+                      TextAlignment alignment,
+                      const TextStyle& style) override;
+    [[nodiscard]] double textWidth(std::string_view text, const TextStyle& style) const override;
+    void drawPicture(const std::filesystem::path& file, const Rect& rect) override;
 
     void save() override;
     void restore() override;
@@ -42,6 +48,10 @@ class QtCanvas final : public Canvas {
     void clipRoundedRect(const Rect& rect, double radius) override;
 
  private:
+    /// Returns the font of a style, `kFontScale` times as large: Qt's pixel sizes are whole
+    /// numbers, and large letters without hinting measure the same for every surface.
+    [[nodiscard]] QFont exactFont(const TextStyle& style) const;
+
     /// Returns the surface in the current coordinates, widened on every side by `margin` points.
     [[nodiscard]] QRectF visibleArea(double margin) const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <span>
 #include <string>
@@ -68,6 +69,21 @@ class RecordingCanvas : public graphics::Canvas {
                   const graphics::TextStyle& style) override {
         record("text", text, style, center);
     }
+    void drawTextLine(std::string_view words,
+                      graphics::Point baseline,
+                      graphics::TextAlignment alignment,
+                      const graphics::TextStyle& style) override {
+        static constexpr std::array<std::string_view, 3> kEnds{"left", "center", "right"};
+        record("words", words, style, kEnds.at(static_cast<std::size_t>(alignment)), baseline);
+    }
+    /// Takes every byte for half as wide as the font is large.
+    [[nodiscard]] double textWidth(std::string_view words,
+                                   const graphics::TextStyle& style) const override {
+        return static_cast<double>(words.size()) * style.size / 2;
+    }
+    void drawPicture(const std::filesystem::path& file, const graphics::Rect& rect) override {
+        record("picture", std::string_view(file.filename().string()), rect);
+    }
     void save() override { record("save"); }
     void restore() override { record("restore"); }
     void translate(double dx, double dy) override { record("move", dx, dy); }
@@ -134,7 +150,8 @@ class RecordingCanvas : public graphics::Canvas {
                            text(wedge.startBearing), text(wedge.endBearing));
     }
     static std::string text(const graphics::TextStyle& style) {
-        return text(style.color) + " " + text(style.size) + (style.bold ? " bold" : "");
+        return text(style.color) + " " + text(style.size) + (style.bold ? " bold" : "") +
+               (style.tabular ? " tabular" : "");
     }
 };
 
