@@ -8,7 +8,12 @@ constexpr double kCornerRadius = 6;
 
 void drawInChartFrame(graphics::Canvas& canvas,
                       graphics::Size size,
+                      const ChartLook& look,
                       const std::function<void()>& drawContent) {
+    if (look.isPrinted) {
+        drawContent();
+        return;
+    }
     const graphics::Rect paper{0, 0, size.width, size.height};
     canvas.fillRoundedRect(paper, kCornerRadius, graphics::kWhite);
     canvas.save();

@@ -31,8 +31,7 @@ void drawDayAxis(graphics::Canvas& canvas, const MonthPlot& plot, const DayAxisS
         if (days >= style.firstLine) {
             canvas.strokePath({{{{{plot.left, y}, {plot.right, y}}, false}}}, style.gridline);
         }
-        canvas.drawText(std::to_string(days) + "g", {plot.left - 12, y},
-                        {style.labelSize, false, graphics::kGray});
+        canvas.drawText(std::to_string(days) + "g", {plot.left - 12, y}, style.label);
     }
 }
 

@@ -33,8 +33,8 @@ struct MonthPlot {
 /// How the horizontal lines of a plot and their labels look.
 struct DayAxisStyle {
     graphics::Stroke gridline;
-    int firstLine;     // days; the lines below are left out
-    double labelSize;  // points
+    int firstLine;  // days; the lines below are left out
+    graphics::TextStyle label;
 };
 
 /// Draws a line and a label for every fifth day from 0 to 30.

@@ -47,12 +47,6 @@ std::string_view nameOf(Condition condition) {
     return kNames.at(static_cast<std::size_t>(condition));
 }
 
-const Color& colorOf(Condition condition) {
-    static const std::array<Color, 4> kColors{Color::hex("#ffe600"), Color::hex("#d6d69c"),
-                                              Color::hex("#666666"), Color::hex("#2f80ed")};
-    return kColors.at(static_cast<std::size_t>(condition));
-}
-
 /// The days of a condition in a month, or nothing where the list is too short or holds no number.
 std::optional<double> daysOf(const engine::SolarData& data,
                              Condition condition,
@@ -106,7 +100,24 @@ std::vector<Point> precipitationLine(const engine::SolarData& data, const MonthP
     return points;
 }
 
-/// Whether a point lies on a line that runs from left to right, give or take a few points.
+/// Draws diagonals across a segment, by which it is told from its neighbors without color.
+void drawHatching(graphics::Canvas& canvas, const graphics::Rect& rect) {
+    constexpr double kPitch = 2.4;  // points
+    const double right = rect.x + rect.width;
+    const double bottom = rect.y + rect.height;
+    graphics::LineBatch lines;
+    // The line of a sum rises from the left or the lower edge to the upper or the right one.
+    for (double sum = rect.x + rect.y + kPitch; sum < right + bottom; sum += kPitch) {
+        const double low = std::max(rect.x, sum - bottom);
+        const double high = std::min(right, sum - rect.y);
+        lines.beginLine();
+        lines.points.push_back({low, sum - low});
+        lines.points.push_back({high, sum - high});
+    }
+    canvas.strokeLines(lines, Color::hex("#8c8c50"), 0.24);
+}
+
+/// Whether a point lies on a polyline that runs from left to right, give or take a few points.
 bool isNearPolyline(const std::vector<Point>& line, Point point) {
     constexpr double kReach = 3;
     for (std::size_t i = 1; i < line.size(); ++i) {
@@ -123,22 +134,34 @@ bool isNearPolyline(const std::vector<Point>& line, Point point) {
 
 }  // namespace
 
-void SolarChartView::draw(graphics::Canvas& canvas, graphics::Size size) const {
-    drawInChartFrame(canvas, size, [&] {
+graphics::Color SolarChartView::color(Condition condition) {
+    static const std::array<Color, 4> kColors{Color::hex("#ffe600"), Color::hex("#d6d69c"),
+                                              Color::hex("#666666"), Color::hex("#2f80ed")};
+    return kColors.at(static_cast<std::size_t>(condition));
+}
+
+void SolarChartView::draw(graphics::Canvas& canvas,
+                          graphics::Size size,
+                          const ChartLook& look) const {
+    drawInChartFrame(canvas, size, look, [&] {
         const MonthPlot plot = MonthPlot::of(size);
         const Bars bars = Bars::of(plot);
-        drawDayAxis(canvas, plot,
-                    {.gridline = {kGray.withOpacity(0.2), 1}, .firstLine = 0, .labelSize = 7});
+        drawDayAxis(
+            canvas, plot,
+            {.gridline = look.gridline(0.2), .firstLine = 0, .label = look.labelStyle(7, false)});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
-            forEachSegment(solarData, plot, month,
-                           [&](Condition condition, const graphics::Rect& rect) {
-                               canvas.fillRect(rect, colorOf(condition));
-                           });
+            forEachSegment(
+                solarData, plot, month, [&](Condition condition, const graphics::Rect& rect) {
+                    look.fillSegment(canvas, size, rect, color(condition));
+                    if (!look.isPrinted || condition != Condition::kPartlyCloudy) return;
+                    drawHatching(canvas, intersection(rect, {0, 0, size.width, size.height}));
+                });
             canvas.drawText(engine::CalculationEngine::months[month],
-                            {bars.center(month), plot.baseline + 10}, {8, false, kGray});
+                            {bars.center(month), plot.baseline + 10}, look.labelStyle(8, false));
         }
-        canvas.strokePath({{{precipitationLine(solarData, plot), false}}},
-                          {colorOf(Condition::kPrecipitation), 2});
+        const graphics::Path precipitation{{{precipitationLine(solarData, plot), false}}};
+        if (look.isPrinted) canvas.strokePath(precipitation, {graphics::kWhite, 3.4});
+        canvas.strokePath(precipitation, {color(Condition::kPrecipitation), 2});
     });
 }
 

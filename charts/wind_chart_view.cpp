@@ -51,20 +51,22 @@ double windyDays(const SpeedHistogram& counts) {
 
 }  // namespace
 
-void WindChartView::draw(graphics::Canvas& canvas, graphics::Size size) const {
-    drawInChartFrame(canvas, size, [&] {
+void WindChartView::draw(graphics::Canvas& canvas,
+                         graphics::Size size,
+                         const ChartLook& look) const {
+    drawInChartFrame(canvas, size, look, [&] {
         const MonthPlot plot = MonthPlot::of(size);
+        graphics::Stroke gridline = look.gridline(0.3);
+        gridline.dash = {2, 2};
         drawDayAxis(canvas, plot,
-                    {.gridline = {graphics::kGray.withOpacity(0.3), 1, {2, 2}},
-                     .firstLine = 5,
-                     .labelSize = 8});
+                    {.gridline = gridline, .firstLine = 5, .label = look.labelStyle(8, false)});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
             const std::string_view name = CalculationEngine::months[month];
             canvas.drawText(name, {centerOfMonth(plot, month), plot.baseline + 12},
-                            {8, true, graphics::kGray});
+                            look.labelStyle(8, true));
             forEachSegment(countsOfMonth(distribution, name), plot, month,
                            [&](std::size_t windClass, const graphics::Rect& rect) {
-                               canvas.fillRect(rect, WindRange::colors[windClass]);
+                               look.fillSegment(canvas, size, rect, WindRange::colors[windClass]);
                            });
         }
     });

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "charts/chart_look.h"
 #include "engine/climate_data.h"
 #include "graphics/canvas.h"
 
@@ -22,7 +23,9 @@ struct WindChartView {
         friend bool operator==(const Hit&, const Hit&) = default;
     };
 
-    void draw(graphics::Canvas& canvas, graphics::Size size) const;
+    void draw(graphics::Canvas& canvas,
+              graphics::Size size,
+              const ChartLook& look = ChartLook::screen()) const;
     /// What lies at a point of a view of that size; nothing beside the plot.
     [[nodiscard]] std::optional<Hit> hitTest(graphics::Point point, graphics::Size size) const;
     /// What was hit and its figures, in words; the classes of a whole month on lines of their own.

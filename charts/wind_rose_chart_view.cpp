@@ -52,17 +52,31 @@ constexpr std::array<Spoke, 8> kSpokes{{{"N", 90},
                                         {"W", 180},
                                         {"NW", 135}}};
 
-void drawRing(graphics::Canvas& canvas, const Disc& disc, int value, int full) {
+void drawRing(
+    graphics::Canvas& canvas, const Disc& disc, int value, int full, const ChartLook& look) {
     const double radius = static_cast<double>(value) / full * disc.radius;
-    canvas.strokeCircle(disc.center, radius, {kGray.withOpacity(0.3), 1});
-    canvas.drawText(std::to_string(value), {disc.center.x, disc.center.y - radius - 6},
-                    {7, false, kGray});
+    canvas.strokeCircle(disc.center, radius, look.gridline(0.3));
 }
 
-void drawSpoke(graphics::Canvas& canvas, const Disc& disc, const Spoke& spoke) {
+void drawRingLabel(
+    graphics::Canvas& canvas, const Disc& disc, int value, int full, const ChartLook& look) {
+    const double radius = static_cast<double>(value) / full * disc.radius;
+    // On paper the number of a ring at the rim would run into the compass.
+    const double outward = look.isPrinted && value == full ? -6 : 6;
+    graphics::TextStyle style = look.labelStyle(7, false);
+    style.color = look.ringLabel;
+    canvas.drawText(std::to_string(value), {disc.center.x, disc.center.y - radius - outward},
+                    style);
+}
+
+void drawSpoke(graphics::Canvas& canvas,
+               const Disc& disc,
+               const Spoke& spoke,
+               const ChartLook& look) {
     canvas.strokePath({{{{disc.center, disc.at(spoke.degrees, disc.radius)}, false}}},
-                      {kGray.withOpacity(0.2), 1});
-    canvas.drawText(spoke.label, disc.at(spoke.degrees, disc.radius + 12), {8, true, kGray});
+                      look.gridline(0.2));
+    canvas.drawText(spoke.label, disc.at(spoke.degrees, disc.radius + 12),
+                    look.labelStyle(8, true));
 }
 
 /// C(k): the counts of classes 0 to k together, for every class k.
@@ -81,19 +95,36 @@ CumulativeCounts cumulativeCounts(const engine::WindRoseData& data, std::size_t 
     return cumulative;
 }
 
+/// The outline of a wedge, its arc in chords of 2.5 degrees.
+graphics::Path outlineOf(const graphics::Wedge& wedge) {
+    constexpr double kChordDegrees = 2.5;
+    graphics::Polyline outline{{wedge.center}, true};
+    const double chords = std::ceil((wedge.endBearing - wedge.startBearing) / kChordDegrees);
+    for (int i = 0; i <= static_cast<int>(chords); ++i) {
+        const double bearing =
+            wedge.startBearing + (wedge.endBearing - wedge.startBearing) * i / chords;
+        const double radians = bearing * std::numbers::pi / 180;
+        outline.points.push_back({wedge.center.x + wedge.radius * std::sin(radians),
+                                  wedge.center.y - wedge.radius * std::cos(radians)});
+    }
+    return {{std::move(outline)}};
+}
+
 void drawSector(graphics::Canvas& canvas,
                 const Disc& disc,
                 std::size_t sector,
                 const CumulativeCounts& cumulative,
-                int full) {
+                int full,
+                const ChartLook& look) {
     const double bearing = kSectorDegrees * static_cast<double>(sector);
     for (std::size_t windClass = WindRange::kCount; windClass-- > 0;) {
         if (cumulative[windClass] <= 0) continue;
-        canvas.fillWedge({.center = disc.center,
-                          .radius = cumulative[windClass] / full * disc.radius,
-                          .startBearing = bearing - kHalfWedgeDegrees,
-                          .endBearing = bearing + kHalfWedgeDegrees},
-                         WindRange::colors[windClass]);
+        const graphics::Wedge wedge{.center = disc.center,
+                                    .radius = cumulative[windClass] / full * disc.radius,
+                                    .startBearing = bearing - kHalfWedgeDegrees,
+                                    .endBearing = bearing + kHalfWedgeDegrees};
+        canvas.fillWedge(wedge, WindRange::colors[windClass]);
+        if (look.outline) canvas.strokePath(outlineOf(wedge), *look.outline);
     }
 }
 
@@ -110,15 +141,29 @@ WindRoseChartView::Scale WindRoseChartView::scale() const {
     return {2000, 500, 1000};
 }
 
-void WindRoseChartView::draw(graphics::Canvas& canvas, graphics::Size size) const {
-    drawInChartFrame(canvas, size, [&] {
+void WindRoseChartView::draw(graphics::Canvas& canvas,
+                             graphics::Size size,
+                             const ChartLook& look) const {
+    drawInChartFrame(canvas, size, look, [&] {
         const Disc disc = Disc::of(size);
         const Scale shown = scale();
-        drawRing(canvas, disc, shown.innerRing, shown.full);
-        drawRing(canvas, disc, shown.outerRing, shown.full);
-        for (const Spoke& spoke : kSpokes) drawSpoke(canvas, disc, spoke);
+        const std::array rings{shown.innerRing, shown.outerRing};
+        for (const int ring : rings) {
+            drawRing(canvas, disc, ring, shown.full, look);
+            if (!look.isPrinted) drawRingLabel(canvas, disc, ring, shown.full, look);
+        }
+        for (const Spoke& spoke : kSpokes) drawSpoke(canvas, disc, spoke, look);
+        if (look.isPrinted) {
+            // What cuts a wedge that is too large, as the frame does on a screen.
+            canvas.save();
+            canvas.clipRoundedRect({0, 0, size.width, size.height}, 0);
+        }
         for (std::size_t sector = 0; sector < kSectors; ++sector) {
-            drawSector(canvas, disc, sector, cumulativeCounts(roseData, sector), shown.full);
+            drawSector(canvas, disc, sector, cumulativeCounts(roseData, sector), shown.full, look);
+        }
+        if (look.isPrinted) {
+            canvas.restore();
+            for (const int ring : rings) drawRingLabel(canvas, disc, ring, shown.full, look);
         }
     });
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "charts/chart_look.h"
 #include "engine/climate_data.h"
 #include "graphics/canvas.h"
 
@@ -33,7 +34,9 @@ struct WindRoseChartView {
     /// Chosen from the largest sector total; keys beyond 15 take part.
     [[nodiscard]] Scale scale() const;
 
-    void draw(graphics::Canvas& canvas, graphics::Size size) const;
+    void draw(graphics::Canvas& canvas,
+              graphics::Size size,
+              const ChartLook& look = ChartLook::screen()) const;
     /// What lies at a point of a view of that size; nothing outside the disc and its wedges.
     [[nodiscard]] std::optional<Hit> hitTest(graphics::Point point, graphics::Size size) const;
     /// What was hit and its figures, in words; the classes of a whole direction on lines of their

@@ -58,12 +58,25 @@ bool circleContains(Point center, double radius, const QRectF& area) {
     return farthestCorner(toQPointF(center), area) < radius;
 }
 
+/// The face of a style, of the family of `base` or its sister with digits of one width.
+QFont faceOf(const QFont& base, const TextStyle& style) {
+    QFont font = base;
+    // The last line may have been tabular.
+    const QString family = base.families().value(base.families().size() - 1);
+    if (style.tabular) {
+        font.setFamilies({family + QStringLiteral(" Tabular"), family});
+    } else if (base.families().size() > 1) {
+        font.setFamilies({family});
+    }
+    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
+    return font;
+}
+
 }  // namespace
 
 QFont canvasFont(const QFont& base, const TextStyle& style) {
-    QFont font = base;
+    QFont font = faceOf(base, style);
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size))));
-    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
     return font;
 }
 
@@ -197,11 +210,8 @@ void QtCanvas::drawText(std::string_view text, Point center, const TextStyle& st
 }
 
 QFont QtCanvas::exactFont(const TextStyle& style) const {
-    QFont font = painter_.font();
-    const QString family = font.family();
-    if (style.tabular) font.setFamilies({family + QStringLiteral(" Tabular"), family});
+    QFont font = faceOf(painter_.font(), style);
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size * kFontScale))));
-    font.setWeight(style.bold ? QFont::DemiBold : QFont::Normal);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
@@ -210,7 +220,7 @@ void QtCanvas::drawTextLine(std::string_view text,
                             Point baseline,
                             TextAlignment alignment,
                             const TextStyle& style) {
-    if (!reaches(visibleArea(1000), baseline, 0)) return;
+    if (!intersectsCircle(visibleArea(1000), baseline, 0)) return;
     const double share = alignment == TextAlignment::kLeft     ? 0
                          : alignment == TextAlignment::kCenter ? 0.5
                                                                : 1;

@@ -1,0 +1,63 @@
+#include "charts/chart_look.h"
+
+#include <algorithm>
+
+namespace kalvo::charts {
+
+using graphics::Color;
+using graphics::kGray;
+
+const ChartLook& ChartLook::screen() {
+    static const ChartLook look{.isPrinted = false,
+                                .label = kGray,
+                                .ringLabel = kGray,
+                                .oneSize = std::nullopt,
+                                .gridOpacity = 1,
+                                .gridWidth = 1,
+                                .outline = std::nullopt};
+    return look;
+}
+
+const ChartLook& ChartLook::paper() {
+    static const ChartLook look{.isPrinted = true,
+                                .label = Color::hex("#55625b"),
+                                .ringLabel = Color::hex("#17211c"),
+                                .oneSize = 7,
+                                .gridOpacity = 1.6,
+                                .gridWidth = 0.6,
+                                .outline = graphics::Stroke{Color::hex("#55625b"), 0.28}};
+    return look;
+}
+
+graphics::TextStyle ChartLook::labelStyle(double screenSize, bool bold) const {
+    return {oneSize.value_or(screenSize), bold, label, oneSize.has_value()};
+}
+
+graphics::Stroke ChartLook::gridline(double screenOpacity) const {
+    return {kGray.withOpacity(screenOpacity * gridOpacity), gridWidth};
+}
+
+void ChartLook::fillSegment(graphics::Canvas& canvas,
+                            graphics::Size chart,
+                            const graphics::Rect& segment,
+                            const Color& color) const {
+    if (!isPrinted) {
+        canvas.fillRect(segment, color);
+        return;
+    }
+    const graphics::Rect seen = intersection(segment, {0, 0, chart.width, chart.height});
+    if (seen.height <= 0) return;
+    canvas.fillRect(seen, color);
+    if (outline) canvas.strokeRoundedRect(seen, 0, *outline);
+}
+
+graphics::Rect intersection(const graphics::Rect& a, const graphics::Rect& b) {
+    const auto [aTop, aBottom] = std::minmax({a.y, a.y + a.height});
+    const auto [bTop, bBottom] = std::minmax({b.y, b.y + b.height});
+    const double left = std::max(a.x, b.x);
+    const double top = std::max(aTop, bTop);
+    return {left, top, std::max(0.0, std::min(a.x + a.width, b.x + b.width) - left),
+            std::max(0.0, std::min(aBottom, bBottom) - top)};
+}
+
+}  // namespace kalvo::charts
