@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/temporary_folder.h"
+
 namespace kalvo::base {
 namespace {
 
@@ -23,6 +25,23 @@ TEST(ParseDouble, RefusesAnythingRoundTheNumber) {
     }
     EXPECT_EQ(parseDouble(std::string_view("1\0002", 3)), std::nullopt);
     EXPECT_TRUE(std::isnan(parseDouble("nan").value()));
+}
+
+TEST(ParseDouble, KeepsThePointWhereTheUserWritesAComma) {
+    const tests::TemporaryFolder folder;
+    const auto definition = folder.write("comma",
+                                         "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\n"
+                                         "grouping 3;3\nEND LC_NUMERIC\n");
+    const std::string command = "localedef --quiet --force -f UTF-8 -i " + definition.string() +
+                                " " + (folder.path() / "xx_XX").string() + " 2>&1";
+    [[maybe_unused]] const int warnings = std::system(command.c_str());
+    setenv("LOCPATH", folder.path().c_str(), 1);
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "xx_XX"), nullptr);
+    EXPECT_EQ(std::strtod("-1.5", nullptr), -1) << "the locale must be in force";
+    EXPECT_EQ(parseDouble("-1.5"), -1.5);
+    EXPECT_EQ(parseDouble("-1,5"), std::nullopt);
+    EXPECT_EQ(shortestDecimal(1234.5), "1234.5");
+    std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(ShortestDecimal, AlwaysShowsThatItIsADouble) {

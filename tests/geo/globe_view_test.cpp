@@ -68,6 +68,9 @@ TEST(GlobeView, SplitsALineAtItsHiddenStretch) {
     EXPECT_EQ(drawn(viewFrom(0, 0), rings).ofKind("lines").back(),
               "lines #2ebd5e 1.2 open 115,115 115,97.6352 open 132.365,115 149.202,115 open "
               "123.682,106.284");
+    // Seen up to cos d = -0.05, which is 92.87 degrees.
+    EXPECT_EQ(drawn(viewFrom(0, 0), {{{0, 90}, {0, 92}, {0, 93}}}).ofKind("lines").back(),
+              "lines #2ebd5e 1.2 open 215,115 214.939,115");
 }
 
 TEST(GlobeView, MarksOnlyATargetOnTheNearSide) {

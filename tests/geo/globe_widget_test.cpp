@@ -180,6 +180,7 @@ TEST_F(GlobeWidgetTest, ShowsAndTellsItsCenterAndItsTarget) {
     const QImage picture = globe_.grab().toImage();
     EXPECT_EQ(picture.pixelColor(2, 227), QColor("#0c1d2d"));
     EXPECT_EQ(picture.pixelColor(115, 115), QColor(255, 59, 48));
+    EXPECT_NE(picture.pixelColor(12, 12), QColor("#0c1d2d")) << "the hint's box";
 }
 
 }  // namespace
