@@ -34,7 +34,7 @@ class MeteoblueScraper {
                      ServiceOrigins origins,
                      base::Diagnostics& diagnostics);
 
-    /// The application's own instance, on the public services and Qt's HTTP.
+    /// The application's own instance, on the public services through libcurl.
     [[nodiscard]] static MeteoblueScraper& shared();
 
     /// Places that match the text, in the site's order, or by distance from the click point

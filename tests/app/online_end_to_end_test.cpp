@@ -9,7 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "net/qt/qt_http_session.h"
+#include "net/qt/curl_http_session.h"
 #include "tests/app/screen_fixture.h"
 #include "tests/support/run_until.h"
 #include "tests/support/tls_server.h"
@@ -21,6 +21,10 @@ using testing::HasSubstr;
 using tests::TlsAnswer;
 using tests::TlsServer;
 
+struct TrustingSession final : net::CurlHttpSession {
+    TrustingSession() : CurlHttpSession(TlsServer::authority().certificate()) {}
+};
+
 std::string chart(const std::string& series, const std::string& value, int count) {
     std::string values = value;
     for (int i = 1; i < count; ++i) values += "," + value;
@@ -28,7 +32,6 @@ std::string chart(const std::string& series, const std::string& value, int count
 }
 
 TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
-    TlsServer::trustTestAuthority();
     TlsServer server;
     const std::string host = server.origin().substr(std::string("https:").size());
     const auto placeholder = [&](const std::string& name) {
@@ -44,8 +47,8 @@ TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
     server.answer("/chart?type=wind_rose&a=1", TlsAnswer::ok(chart("20-30 km/h", "7.5", 16)));
     server.answer("/chart?type=cloud_coverage&a=1", TlsAnswer::ok(chart("Sunny", "10", 12)));
 
-    TestServices<net::QtHttpSession> world(KALVO_SOURCE_DIR "/resources",
-                                           {server.origin(), server.origin()});
+    TestServices<TrustingSession> world(KALVO_SOURCE_DIR "/resources",
+                                        {server.origin(), server.origin()});
     RecordingWorkspace urlOpener;
     base::NotificationCenter notifications;
     Kalvo_TreskApp application(world.services, notifications, urlOpener);

@@ -70,12 +70,6 @@ const TestAuthority& TlsServer::authority() {
     return authority;
 }
 
-void TlsServer::trustTestAuthority() {
-    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    tls.setCaCertificates({QSslCertificate(bytes(authority().certificate()))});
-    QSslConfiguration::setDefaultConfiguration(tls);
-}
-
 std::string TlsServer::origin() const {
     return "https://" + std::string(kAddress) + ":" + std::to_string(server_.serverPort());
 }
@@ -108,6 +102,11 @@ void TlsServer::send(QSslSocket* connection, const TlsAnswer& answer) {
         return drip(connection, answer, body);
     }
     connection->write(bytes(answer.bytes));
+    if (!answer.repeated.empty()) {
+        QObject::connect(connection, &QSslSocket::encryptedBytesWritten, connection, [=] {
+            if (connection->encryptedBytesToWrite() == 0) connection->write(bytes(answer.repeated));
+        });
+    }
     if (answer.then == TlsAnswer::Then::close) connection->disconnectFromHost();
 }
 

@@ -20,6 +20,7 @@ struct TlsAnswer {
     std::string bytes;
     Then then = Then::keepOpen;
     std::chrono::milliseconds perByte{0};  // of the body, pause after each; 0: all at once
+    std::string repeated = {};             // sent after the bytes, for as long as anybody listens
 
     /// A complete answer, such as status "404 Not Found".
     [[nodiscard]] static TlsAnswer withStatus(const std::string& status, const std::string& body);
@@ -35,14 +36,12 @@ class TlsServer {
  public:
     static constexpr const char* kAddress = "127.0.0.1";
 
-    /// A server that `trustTestAuthority` makes clients trust.
+    /// A server for clients that trust the test authority.
     TlsServer() : TlsServer(authority().issue(kAddress, 1)) {}
     explicit TlsServer(const TlsIdentity& identity);
 
     /// The authority behind the servers' certificates.
     [[nodiscard]] static const TestAuthority& authority();
-    /// Makes the test program's TLS connections trust the test authority, and no other.
-    static void trustTestAuthority();
 
     [[nodiscard]] std::string origin() const;  // without a trailing slash
 

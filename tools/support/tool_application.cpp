@@ -22,10 +22,10 @@ base::Task<base::Result<std::string>> NoNetwork::get(net::HttpRequest) {
     co_return base::Failure({"Transport", 1, "there is no network"});
 }
 
-ToolApplication::ToolApplication(net::HttpSession& session)
+ToolApplication::ToolApplication(net::HttpSession& session, online::ServiceOrigins origins)
     : bundle_(dressed(base::Bundle(KALVO_SOURCE_DIR "/resources"))),
       parser_(bundle_, diagnostics_),
-      scraper_(session, online::ServiceOrigins::publicServices(), diagnostics_),
+      scraper_(session, std::move(origins), diagnostics_),
       application_({.parser = parser_,
                     .scraper = scraper_,
                     .clipboard = clipboard_,

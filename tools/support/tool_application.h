@@ -18,7 +18,9 @@ class NoNetwork final : public net::HttpSession {
 class ToolApplication {
  public:
     /// The session outlives the application.
-    explicit ToolApplication(net::HttpSession& session);
+    explicit ToolApplication(
+        net::HttpSession& session,
+        online::ServiceOrigins origins = online::ServiceOrigins::publicServices());
 
     [[nodiscard]] app::Kalvo_TreskApp& application() { return application_; }
     [[nodiscard]] engine::LocationParser& parser() { return parser_; }
