@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <clocale>
 #include <cstddef>
@@ -61,6 +62,12 @@ std::optional<double> parseDouble(std::string_view text) {
 std::string shortestDecimal(double value) {
     std::string text = fmt::format("{}", value);
     if (text.find_first_not_of("-0123456789") == std::string::npos) text += ".0";
+    return text;
+}
+
+std::string italianDecimal(double value, int decimals) {
+    std::string text = fmt::format("{:.{}f}", value, decimals);
+    std::replace(text.begin(), text.end(), '.', ',');
     return text;
 }
 

@@ -15,4 +15,7 @@ namespace kalvo::base {
 /// an exponent: 45.0, 0.5, 1e-05, 1e+21.
 [[nodiscard]] std::string shortestDecimal(double value);
 
+/// The value with this many decimals behind an Italian decimal comma: 14,6.
+[[nodiscard]] std::string italianDecimal(double value, int decimals);
+
 }  // namespace kalvo::base

@@ -5,14 +5,15 @@
 
 #include <fmt/format.h>
 
+#include "base/numbers.h"
+
 namespace kalvo::geo {
 
 namespace {
 
 std::string degreesText(double degrees, std::string_view positive, std::string_view negative) {
-    std::string number = fmt::format("{:.1f}", std::abs(degrees));
-    if (const auto point = number.find('.'); point != std::string::npos) number[point] = ',';
-    return fmt::format("{}° {}", number, degrees < 0 ? negative : positive);
+    return fmt::format("{}° {}", base::italianDecimal(std::abs(degrees), 1),
+                       degrees < 0 ? negative : positive);
 }
 
 }  // namespace
