@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <numbers>
 #include <utility>
 
+#include "app/place_text.h"
 #include "base/text.h"
 
 namespace kalvo::app {
@@ -14,17 +14,9 @@ namespace {
 using engine::CalculationEngine;
 using engine::Location;
 
-constexpr std::string_view kItaly = "Italia";
-constexpr std::string_view kSanMarino = "San Marino";
-constexpr std::string_view kVatican = "Città del Vaticano";
-
 /// The only entry of the place list while places are found online.
 constexpr const char* kOnlineHint =
     "Utilizza la barra di ricerca o il Globo per trovare città online...";
-
-/// Region texts by which the catalogue tells the small states from Italy.
-constexpr std::string_view kSanMarinoRegion = "San Marino";
-constexpr std::string_view kVaticanRegion = "Vaticano";
 
 /// Yields of a place found online, kWh per year; they also stand in for a catalogue figure that
 /// is absent.
@@ -35,25 +27,8 @@ constexpr double kFallbackKwh3kw = 9000.0;
 constexpr const char* kOnlineSource = "Meteoblue Online";
 constexpr const char* kOfflineSource = "Stime Centraline";
 
-bool belongsTo(const Location& place, std::string_view country) {
-    if (country == kSanMarino) return place.region == kSanMarinoRegion;
-    if (country == kVatican) return place.region == kVaticanRegion;
-    if (country == kItaly) {
-        return place.region != kSanMarinoRegion && place.region != kVaticanRegion;
-    }
-    return false;
-}
-
-double yieldFor(const Location& place, int turbineKW) {
-    switch (turbineKW) {
-        case 1:
-            return place.kwh1kw.value_or(kFallbackKwh1kw);
-        case 2:
-            return place.kwh2kw.value_or(kFallbackKwh2kw);
-        default:
-            return place.kwh3kw.value_or(kFallbackKwh3kw);
-    }
-}
+constexpr const char* kInvalidQuantity = "Inserisci una quantità valida.";
+constexpr const char* kInvalidPlace = "Seleziona una località valida.";
 
 Location locationFrom(const online::MeteoblueSearchResult& result) {
     return {.label = result.label,
@@ -84,6 +59,12 @@ std::optional<std::int64_t> parseInteger(std::string_view text) {
     return value;
 }
 
+std::vector<std::string> countryNames() {
+    std::vector<std::string> names{std::string(kOnlineCountry)};
+    for (const Country& country : kCountries) names.emplace_back(country.name);
+    return names;
+}
+
 std::string kWhPerYear(double kwh) { return CalculationEngine::formatKWh(kwh) + " kWh/anno"; }
 
 }  // namespace
@@ -97,9 +78,8 @@ ContentView::ContentView(const Services& services)
                                                                 .lon = std::nullopt,
                                                                 .region = ""})),
       currentSolarData(CalculationEngine::calculateOfflineSolarData(
-          {.lat = 42.0, .lon = std::nullopt, .region = kItaly})),
-      countries{std::string(kOnlineCountry), std::string(kItaly), std::string(kSanMarino),
-                std::string(kVatican)},
+          {.lat = 42.0, .lon = std::nullopt, .region = "Italia"})),
+      countries(countryNames()),
       services_(services) {}
 
 void ContentView::initializeDatabase() {
@@ -121,14 +101,10 @@ void ContentView::onCountryChanged(const std::string& country) {
 }
 
 void ContentView::loadGeoMapsForCountry(const std::string& country) {
-    const auto load = [this](const char* regions, const char* provinces) {
-        regionMapData = services_.parser.loadGeoJSON(regions);
-        provinceMapData = services_.parser.loadGeoJSON(provinces);
-    };
-    if (country == kItaly) load("regioni.json", "province.json");
-    if (country == kSanMarino) load("san_marino_regioni.json", "san_marino_province.json");
-    if (country == kVatican) load("vatican_regioni.json", "vatican_province.json");
-
+    if (const Country* files = findCountry(country)) {
+        regionMapData = services_.parser.loadGeoJSON(files->regionOutlines);
+        provinceMapData = services_.parser.loadGeoJSON(files->provinceOutlines);
+    }
     provinceWindMap.clear();
     for (const Location& place : allLocations) {
         if (!place.kwh1kw) continue;
@@ -138,10 +114,8 @@ void ContentView::loadGeoMapsForCountry(const std::string& country) {
 }
 
 std::optional<std::filesystem::path> ContentView::flagImage(std::string_view country) const {
-    if (country == kItaly) return services_.bundle.image("flag_it");
-    if (country == kSanMarino) return services_.bundle.image("flag_sm");
-    if (country == kVatican) return services_.bundle.image("flag_vc");
-    return std::nullopt;
+    const Country* found = findCountry(country);
+    return found == nullptr ? std::nullopt : services_.bundle.image(found->flag);
 }
 
 std::optional<std::filesystem::path> ContentView::loadLogoImage() const {
@@ -152,7 +126,7 @@ std::vector<std::string> ContentView::getFilteredLocationNames() const {
     std::vector<std::string> names;
     // The catalogue stands in the order of its labels, and so does what is taken from it.
     for (const Location& place : allLocations) {
-        if (belongsTo(place, selectedCountry)) names.push_back(place.label);
+        if (countryOfRegion(place.region).name == selectedCountry) names.push_back(place.label);
     }
     return names;
 }
@@ -175,11 +149,12 @@ void ContentView::performOnlineSearch() {
 
 base::Task<void> ContentView::searchOnline() {
     isFetchingOnline = true;
-    std::string query = searchText;
-    auto found = co_await services_.scraper.searchLocations(std::move(query), targetLat, targetLon);
+    const std::string query = searchText;
+    auto found = co_await services_.scraper.searchLocations(query, targetLat, targetLon);
     // Before the results are taken: they may start a download, which shows the indicator again.
     isFetchingOnline = false;
     if (found) {
+        fruitlessSearch_ = found->empty() ? query : "";
         applySearchResults(std::move(*found));
     } else {
         services_.diagnostics.print("Online search error: " + found.error().description());
@@ -202,33 +177,69 @@ void ContentView::applySearchResults(std::vector<online::MeteoblueSearchResult> 
     calculate();
 }
 
-void ContentView::onGlobeTapped(double lat, double lon) {
-    targetLat = lat;
-    targetLon = lon;
-    tasks_.start(searchNear(lat, lon));
+void ContentView::onGlobeTapped(engine::LatLon point) {
+    targetLat = point.lat;
+    targetLon = point.lon;
+    tasks_.start(searchNear(point));
 }
 
-base::Task<void> ContentView::searchNear(double lat, double lon) {
+base::Task<void> ContentView::searchNear(engine::LatLon point) {
     std::string nameless = "Località Globale";
-    searchText = co_await services_.scraper.reverseGeocode(lat, lon, std::move(nameless));
+    searchText =
+        co_await services_.scraper.reverseGeocode(point.lat, point.lon, std::move(nameless));
     performOnlineSearch();
     if (onChanged) onChanged();
+}
+
+bool ContentView::searchFoundNothing() const {
+    if (!filteredLocationNames.empty()) return false;
+    if (isOnlineEntry()) return !searchText.empty() && searchText == fruitlessSearch_;
+    return !base::trimmedSpacesAndNewlines(searchText).empty();
+}
+
+std::optional<std::size_t> ContentView::bestMatch() const {
+    if (filteredLocationNames.empty()) return std::nullopt;
+    const std::string wanted = base::lowercased(base::trimmedSpacesAndNewlines(searchText));
+    std::optional<std::size_t> beginsSo;
+    for (std::size_t at = 0; at < filteredLocationNames.size(); ++at) {
+        const Location* place = findPlace(filteredLocationNames[at]);
+        if (place == nullptr) continue;
+        const std::string name = base::lowercased(place->city);
+        if (name == wanted) return at;
+        if (!beginsSo && name.starts_with(wanted)) beginsSo = at;
+    }
+    return beginsSo.value_or(0);
+}
+
+bool ContentView::showsMessage() const {
+    return resultText == kInvalidQuantity || resultText == kInvalidPlace;
+}
+
+bool ContentView::quantityCountsAsOne() const { return !parseInteger(quantityString); }
+
+std::string ContentView::notice() const {
+    if (!shownResult) return "Valori di esempio: scegli una località";
+    if (!showsMessage() && !filteredLocationNames.empty()) return "";
+    return "Valori dell'ultimo calcolo: " + placeTitle(shownResult->place);
+}
+
+std::optional<engine::WindEstimate> ContentView::windEstimate(const Location& place) const {
+    return services_.parser.loadStations().estimateFor(place);
 }
 
 void ContentView::calculate() {
     const std::int64_t quantity = parseInteger(quantityString).value_or(1);
     if (quantity < 1) {
-        resultText = "Inserisci una quantità valida.";
+        resultText = kInvalidQuantity;
         return;
     }
-    const Location* place = findPlace();
+    const Location* place = selectedPlace();
     if (place == nullptr) {
-        resultText = "Seleziona una località valida.";
+        resultText = kInvalidPlace;
         return;
     }
     setTarget(*place);
-    Calculation calculation{
-        .place = *place, .quantity = quantity, .kwh = yieldFor(*place, selectedTurbineKW)};
+    Calculation calculation = calculationFor(*place, quantity);
     if (isOnlineMode) {
         const auto result = std::find_if(
             onlineSearchResults.begin(), onlineSearchResults.end(),
@@ -241,20 +252,34 @@ void ContentView::calculate() {
     calculateOffline(calculation);
 }
 
-const Location* ContentView::findPlace() const {
-    if (!isOnlineEntry()) return allLocations.find(selectedLocationLabel);
-    const auto found = onlineLocations.find(selectedLocationLabel);
+ContentView::Calculation ContentView::calculationFor(const Location& place,
+                                                     std::int64_t quantity) const {
+    const auto& [figure, fallback] =
+        selectedTurbineKW == 1   ? std::pair(place.kwh1kw, kFallbackKwh1kw)
+        : selectedTurbineKW == 2 ? std::pair(place.kwh2kw, kFallbackKwh2kw)
+                                 : std::pair(place.kwh3kw, kFallbackKwh3kw);
+    const bool hasOwnYield = figure && place.source != kOnlineSource;
+    return {.place = place,
+            .quantity = quantity,
+            .kwh = figure.value_or(fallback),
+            .source = hasOwnYield ? DataSource::kStations : DataSource::kFixedYield};
+}
+
+const Location* ContentView::selectedPlace() const { return findPlace(selectedLocationLabel); }
+
+const Location* ContentView::findPlace(const std::string& label) const {
+    if (!isOnlineEntry()) return allLocations.find(label);
+    const auto found = onlineLocations.find(label);
     return found == onlineLocations.end() ? nullptr : &found->second;
 }
 
 void ContentView::setTarget(const Location& place) {
-    constexpr double kRadiansPerDegree = std::numbers::pi / 180;
     targetLat = place.latitude;
     targetLon = place.longitude;
     targetName = place.city;
     if (targetLat && targetLon) {
-        globeCenterLat = *targetLat * kRadiansPerDegree;
-        globeCenterLon = *targetLon * kRadiansPerDegree;
+        globeCenterLat = engine::toRadians(*targetLat);
+        globeCenterLon = engine::toRadians(*targetLon);
     }
 }
 
@@ -262,10 +287,17 @@ base::Task<void> ContentView::calculateOnline(std::string slug, Calculation calc
     isFetchingOnline = true;
     auto climate = co_await services_.scraper.fetchClimateData(std::move(slug));
     if (climate) {
+        const bool isSkyDownloaded = climate->solarData.has_value();
         currentDistribution = std::move(climate->windDistribution);
         currentRoseData = std::move(climate->windRose);
         currentSolarData = climate->solarData ? std::move(*climate->solarData)
                                               : offlineSolarData(calculation.place);
+        shownResult = ShownResult{.place = calculation.place,
+                                  .turbineKW = selectedTurbineKW,
+                                  .quantity = calculation.quantity,
+                                  .source = DataSource::kMeteoblue,
+                                  .isSkyDownloaded = isSkyDownloaded,
+                                  .downloadTime = std::chrono::system_clock::now()};
         updateCalculationsDisplay(calculation.place, calculation.quantity, true);
     } else {
         services_.diagnostics.print("Meteoblue online fetch failed: " +
@@ -286,6 +318,12 @@ void ContentView::calculateOffline(const Calculation& calculation) {
                                                                 .lon = targetLon,
                                                                 .region = place.region});
     currentSolarData = offlineSolarData(place);
+    shownResult = ShownResult{.place = place,
+                              .turbineKW = selectedTurbineKW,
+                              .quantity = calculation.quantity,
+                              .source = calculation.source,
+                              .isSkyDownloaded = false,
+                              .downloadTime = {}};
     updateCalculationsDisplay(place, calculation.quantity, false);
 }
 

@@ -9,6 +9,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "app/country.h"
+#include "app/shown_result.h"
 #include "base/bundle.h"
 #include "base/clipboard.h"
 #include "base/diagnostics.h"
@@ -22,9 +24,6 @@
 #include "online/meteoblue_scraper.h"
 
 namespace kalvo::app {
-
-/// The entry of `ContentView::countries` under which any place of the world is found online.
-inline constexpr std::string_view kOnlineCountry = "Altre località online";
 
 /// What the state uses of the rest of the system. All of it outlives the state.
 struct Services {
@@ -69,6 +68,8 @@ class ContentView {
     engine::WindDistribution currentDistribution;
     engine::WindRoseData currentRoseData;
     engine::SolarData currentSolarData;
+    /// What these texts and data sets belong to; nothing while they are the samples of the start.
+    std::optional<ShownResult> shownResult;
 
     int activeTab = 0;         // 0 regions, 1 provinces, 2 wind
     int activeDetailsTab = 0;  // 0 wind plant, 1 photovoltaic plant
@@ -94,6 +95,7 @@ class ContentView {
     void initializeDatabase();
     /// After the user has changed `selectedCountry`.
     void onCountryChanged(const std::string& country);
+    /// Loads the outlines of a country of the catalogue and finds each province's highest yield.
     void loadGeoMapsForCountry(const std::string& country);
 
     /// The image file of a country's flag or of the logo, or nothing.
@@ -105,8 +107,30 @@ class ContentView {
     /// Narrows the place list to the labels that contain the text, in any letter case.
     void filterLocations(std::string_view query);
     void performOnlineSearch();
-    /// A tap on the globe, in degrees.
-    void onGlobeTapped(double lat, double lon);
+    void onGlobeTapped(engine::LatLon point);
+
+    /// Whether a search has left the place list empty.
+    [[nodiscard]] bool searchFoundNothing() const;
+    /// The position in `filteredLocationNames` of the place that `searchText` means: one of exactly
+    /// that name (without province and station, in any letter case), else the first whose name
+    /// begins so, else the first. Nothing in an empty list.
+    [[nodiscard]] std::optional<std::size_t> bestMatch() const;
+
+    /// Whether `resultText` is a validation message and not a result.
+    [[nodiscard]] bool showsMessage() const;
+    /// Whether `quantityString`, which is no whole number, counts as 1.
+    [[nodiscard]] bool quantityCountsAsOne() const;
+    /// Says whose figures the data sets and charts hold when the choices do not tell: "Valori di
+    /// esempio: scegli una località" or "Valori dell'ultimo calcolo: Trapani (TP)", the place's
+    /// name whole, whatever it holds. Empty when there is nothing to say.
+    [[nodiscard]] std::string notice() const;
+
+    /// The chosen place, or null.
+    [[nodiscard]] const engine::Location* selectedPlace() const;
+    /// The mean wind of a catalogue place and its main station; nothing for any other place. The
+    /// first call reads the table of stations.
+    [[nodiscard]] std::optional<engine::WindEstimate> windEstimate(
+        const engine::Location& place) const;
 
     /// Turns the current choices into texts and data sets; may leave a download under way.
     void calculate();
@@ -123,21 +147,25 @@ class ContentView {
         engine::Location place;
         std::int64_t quantity;  // turbines, at least 1
         double kwh;             // yield of one turbine, kWh per year on the catalogue's scale
+        DataSource source;      // of that yield
     };
 
     [[nodiscard]] bool isOnlineEntry() const { return selectedCountry == kOnlineCountry; }
-    [[nodiscard]] const engine::Location* findPlace() const;
+    [[nodiscard]] const engine::Location* findPlace(const std::string& label) const;
+    [[nodiscard]] Calculation calculationFor(const engine::Location& place,
+                                             std::int64_t quantity) const;
     void setTarget(const engine::Location& place);
     void calculateOffline(const Calculation& calculation);
     [[nodiscard]] engine::SolarData offlineSolarData(const engine::Location& place) const;
     void applySearchResults(std::vector<online::MeteoblueSearchResult> results);
 
     base::Task<void> searchOnline();
-    base::Task<void> searchNear(double lat, double lon);
+    base::Task<void> searchNear(engine::LatLon point);
     base::Task<void> calculateOnline(std::string slug, Calculation calculation);
 
     Services services_;
-    base::TaskScope tasks_;  // last, so that it ends before what its tasks use
+    std::string fruitlessSearch_;  // the online search that has just found nothing
+    base::TaskScope tasks_;        // last, so that it ends before what its tasks use
 };
 
 }  // namespace kalvo::app

@@ -24,7 +24,7 @@ MapArea::MapArea(ContentView& state, engine::LocationParser& parser, QWidget* pa
         state_.globeCenterLon = center.lon;
     };
     globe_->onGlobeTap = [this](engine::LatLon place) {
-        state_.onGlobeTapped(place.lat, place.lon);
+        state_.onGlobeTapped(place);
         emit edited();
     };
 }

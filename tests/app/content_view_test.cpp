@@ -64,6 +64,27 @@ std::string nameOf(const std::optional<geojson::GeoMapData>& map) {
     return map ? *map->features[0].property("regione") : "none";
 }
 
+std::string sourceOf(const ShownResult& result) {
+    switch (result.source) {
+        case DataSource::kStations:
+            return "from stations";
+        case DataSource::kFixedYield:
+            return "from a fixed yield";
+        case DataSource::kMeteoblue:
+            return result.isSkyDownloaded ? "downloaded" : "downloaded without sky";
+    }
+    return "";
+}
+
+/// What the shown figures belong to.
+std::string figuresOf(const ContentView& state) {
+    if (!state.shownResult) return "samples";
+    const ShownResult& result = *state.shownResult;
+    EXPECT_EQ(result.downloadTime.has_value(), result.source == DataSource::kMeteoblue);
+    return fmt::format("{} x {} kW at {}, {}", result.quantity, result.turbineKW, result.place.city,
+                       sourceOf(result));
+}
+
 /// The state's fields as texts. Of a year of data two months and two sectors are told: enough to
 /// see what they were made from.
 std::map<std::string, std::string> fieldsOf(const ContentView& state) {
@@ -92,6 +113,12 @@ std::map<std::string, std::string> fieldsOf(const ContentView& state) {
     const double degrees = 180 / std::numbers::pi;
     return {
         {"places", joined(state.filteredLocationNames)},
+        {"best match",
+         state.bestMatch() ? state.filteredLocationNames[*state.bestMatch()] : "none"},
+        {"nothing found", state.searchFoundNothing() ? "yes" : "no"},
+        {"quantity counts as 1", state.quantityCountsAsOne() ? "yes" : "no"},
+        {"notice", state.notice()},
+        {"figures", figuresOf(state)},
         {"place", state.selectedLocationLabel},
         {"search text", state.searchText},
         {"source", state.isOnlineMode ? "online" : "offline"},
@@ -141,7 +168,7 @@ class ContentViewRecording : public testing::TestWithParam<std::string>,
         }
         if (action == "tap") {
             const std::size_t blank = argument.find(' ');
-            state.onGlobeTapped(std::stod(argument), std::stod(argument.substr(blank)));
+            state.onGlobeTapped({std::stod(argument), std::stod(argument.substr(blank))});
         }
         if (action == "answer") answer(argument);
         events.dispatch();
@@ -270,6 +297,20 @@ TEST_F(ContentViewState, ReadsTheQuantityAsAWholeNumber) {
             EXPECT_TRUE(state.resultText.starts_with(firstLine))
                 << text << ": " << state.resultText;
         }
+    }
+}
+
+TEST_F(ContentViewState, MeansThePlaceOfExactlyThatNameElseOneThatBeginsSo) {
+    folder.write("comuni_italia.csv",
+                 "luogo;provincia;regione\nArcinazzo Romano;RM;Lazio\nRoma Nord;RM;Lazio\n"
+                 "Roma;RM;Lazio\nRomano d'Ezzelino;VI;Veneto\n");
+    state.selectedCountry = "Italia";
+    state.initializeDatabase();
+    // By code point: Arcinazzo, "Roma (", "Roma N", Romano.
+    for (const auto& [text, match] :
+         {std::pair{" ROMA ", 1U}, {"roma n", 2U}, {"romano", 3U}, {"ezz", 0U}, {"", 0U}}) {
+        state.searchText = text;
+        EXPECT_EQ(state.bestMatch(), match) << text;
     }
 }
 
