@@ -102,7 +102,8 @@ class RecordingCanvas : public graphics::Canvas {
     static std::string text(std::string_view words) { return std::string(words); }
     static std::string text(double value) {
         const bool isOrdinary = std::abs(value) < 1e6;
-        return fmt::format("{:.6g}", isOrdinary ? std::round(value * 1e6) / 1e6 + 0.0 : value);
+        return isOrdinary ? fmt::format("{:.6g}", std::round(value * 1e6) / 1e6 + 0.0)
+                          : fmt::format("{:.12g}", value);
     }
     static std::string text(graphics::Point at) { return text(at.x) + "," + text(at.y); }
     static std::string text(const graphics::Rect& rect) {

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace kalvo::tests {
+
+/// Checks a transcript: the file `name` below tests/ with questions, whose lines begin with "> ",
+/// each followed by the lines that `answer` must give it, indented by two blanks. Other lines are
+/// comments. Where an answer differs, the transcript as it would be is left in the temporary
+/// folder, for a look and, if it is right, to replace the file.
+inline void expectTranscript(const std::string& name,
+                             const std::function<std::string(const std::string&)>& answer) {
+    std::ifstream file(std::filesystem::path(KALVO_SOURCE_DIR "/tests") / name);
+    ASSERT_TRUE(file) << name;
+    std::string expected;
+    std::string actual;
+    std::string question;
+    const auto reply = [&] {
+        if (question.empty()) return;
+        question.pop_back();
+        const std::string answered = answer(question);
+        std::istringstream lines(answered.empty() ? "(nothing)" : answered);
+        for (std::string line; std::getline(lines, line);) actual += "  " + line + "\n";
+        question.clear();
+    };
+    for (std::string line; std::getline(file, line);) {
+        expected += line + "\n";
+        if (line.starts_with("> ")) {
+            question += line.substr(2) + "\n";
+        } else {
+            reply();
+            if (line.starts_with("  ")) continue;
+        }
+        actual += line + "\n";
+    }
+    reply();
+    if (actual == expected) return;
+    std::string copy = name;
+    for (char& letter : copy) letter = letter == '/' ? '-' : letter;
+    std::ofstream(testing::TempDir() + copy) << actual;
+    EXPECT_EQ(expected, actual) << "the second one stands in " << testing::TempDir() << copy;
+}
+
+}  // namespace kalvo::tests
