@@ -210,9 +210,10 @@ void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     const Theme& theme = Theme::current();
     painter.fillRect(item.rect, theme.field);
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
-        painter.fillRect(item.rect.adjusted(kMenuPadding, item.rect.height() / 2, -kMenuPadding,
-                                            -item.rect.height() / 2),
-                         theme.divider);
+        paintRule(painter,
+                  item.rect.adjusted(kMenuPadding, item.rect.height() / 2, -kMenuPadding,
+                                     -item.rect.height() / 2),
+                  Qt::Horizontal);
         return;
     }
     const bool isEnabled = item.state & QStyle::State_Enabled;

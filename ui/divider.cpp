@@ -3,7 +3,6 @@
 #include <QPainter>
 
 #include "ui/paint.h"
-#include "ui/theme.h"
 
 namespace kalvo::ui {
 
@@ -14,7 +13,7 @@ Divider::Divider(QWidget* parent) : QWidget(parent) {
 
 void Divider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(snappedToPixels(painter, rect()), Theme::current().divider);
+    paintRule(painter, rect(), Qt::Horizontal);
 }
 
 }  // namespace kalvo::ui

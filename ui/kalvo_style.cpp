@@ -1,10 +1,14 @@
 #include "ui/kalvo_style.h"
 
+#include <cstdlib>
+
 #include <QApplication>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QWheelEvent>
 
 #include "ui/control_painter.h"
 #include "ui/paint.h"
@@ -13,6 +17,15 @@
 namespace kalvo::ui {
 
 namespace {
+
+/// Whether a wheel that turns up and down is over a horizontal scroll bar. It is meant for the
+/// page.
+bool isWheelAcrossBar(const QObject* object, const QEvent& event) {
+    const auto* bar = qobject_cast<const QScrollBar*>(object);
+    if (bar == nullptr || bar->orientation() != Qt::Horizontal) return false;
+    const QPoint delta = dynamic_cast<const QWheelEvent&>(event).angleDelta();
+    return std::abs(delta.y()) > std::abs(delta.x());
+}
 
 template <class Option>
 const Option& as(const QStyleOption* option) {
@@ -60,6 +73,10 @@ bool KalvoStyle::eventFilter(QObject* object, QEvent* event) {
         case QEvent::ApplicationStateChange:
             underlineMnemonics(false);
             break;
+        case QEvent::Wheel:
+            if (!isWheelAcrossBar(object, *event)) break;
+            event->ignore();
+            return true;
         default:
             break;
     }
@@ -137,7 +154,9 @@ void KalvoStyle::drawControl(ControlElement element,
             painter->fillRect(option->rect, Theme::current().sidebar);
             return;
         case CE_Splitter:
-            painter->fillRect(option->rect, Theme::current().divider);
+            // The wider column's paper goes on beside a line that is narrower than the handle.
+            painter->fillRect(option->rect, Theme::current().window);
+            paintRule(*painter, option->rect, Qt::Vertical);
             return;
         default:
             QProxyStyle::drawControl(element, option, painter, widget);

@@ -42,7 +42,14 @@ QRectF snappedToPixels(const QPainter& painter, const QRectF& rect) {
 
 double hairlineWidth(const QPainter& painter) {
     const double scale = painter.deviceTransform().m11();
-    return std::max(1.0, std::round(scale)) / scale;
+    return std::max(1.0, std::floor(scale)) / scale;
+}
+
+void paintRule(QPainter& painter, const QRectF& rect, Qt::Orientation orientation) {
+    QRectF rule = snappedToPixels(painter, rect);
+    const double line = hairlineWidth(painter);
+    orientation == Qt::Horizontal ? rule.setHeight(line) : rule.setWidth(line);
+    painter.fillRect(rule, Theme::current().divider);
 }
 
 void paintBox(QPainter& painter,

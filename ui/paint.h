@@ -16,8 +16,12 @@ inline constexpr double kFocusRingWidth = 1.6;  // points
 /// a fractional scale.
 [[nodiscard]] QRectF snappedToPixels(const QPainter& painter, const QRectF& rect);
 
-/// The width of a line of about one point that covers whole device pixels.
+/// The width of a line of at most one point that covers whole device pixels: one at the scales up
+/// to 2.
 [[nodiscard]] double hairlineWidth(const QPainter& painter);
+
+/// A hairline in the divider's color along the left or upper edge of `rect`.
+void paintRule(QPainter& painter, const QRectF& rect, Qt::Orientation orientation);
 
 /// A rounded rectangle with a border inside its edge; a transparent border leaves it plain.
 void paintBox(QPainter& painter,

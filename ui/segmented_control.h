@@ -1,6 +1,9 @@
 #pragma once
 
+#include <vector>
+
 #include <QButtonGroup>
+#include <QHBoxLayout>
 #include <QStringList>
 #include <QWidget>
 
@@ -8,7 +11,8 @@ namespace kalvo::ui {
 
 /// A choice of one among a few, side by side in one track with a raised thumb on the chosen one.
 /// Its segments are radio buttons to screen readers and to the keyboard: one of them takes the
-/// focus, the arrow keys choose.
+/// focus, the arrow keys choose. Where the segments' equal shares are too narrow for the texts, the
+/// texts become smaller, and at last the shares follow the texts.
 class SegmentedControl final : public QWidget {
     Q_OBJECT
 
@@ -27,9 +31,14 @@ class SegmentedControl final : public QWidget {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
  private:
+    class Segment;
+
     QButtonGroup* group_;
+    QHBoxLayout* row_;
+    std::vector<Segment*> segments_;
 };
 
 }  // namespace kalvo::ui

@@ -193,13 +193,17 @@ QFont font(FontStyle style, FontWeight weight) {
     return font;
 }
 
+void setTextStyle(QLabel& label, FontStyle style, FontWeight weight, TextRole role) {
+    label.setFont(font(style, weight));
+    QPalette colors = label.palette();
+    colors.setColor(QPalette::WindowText, Theme::current().color(role));
+    label.setPalette(colors);
+}
+
 QLabel* makeLabel(const QString& text, FontStyle style, FontWeight weight, TextRole role) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
-    label->setFont(font(style, weight));
-    QPalette colors = label->palette();
-    colors.setColor(QPalette::WindowText, Theme::current().color(role));
-    label->setPalette(colors);
+    setTextStyle(*label, style, weight, role);
     return label;
 }
 

@@ -60,6 +60,9 @@ struct Theme {
 /// The font of a text style. Bold is the semibold face: at these sizes a heavier one runs together.
 [[nodiscard]] QFont font(FontStyle style, FontWeight weight = FontWeight::kRegular);
 
+/// Gives a label the font and the color of a text style.
+void setTextStyle(QLabel& label, FontStyle style, FontWeight weight, TextRole role);
+
 /// A plain-text label (never rich text: its text may come from the web) in a style and role.
 [[nodiscard]] QLabel* makeLabel(const QString& text,
                                 FontStyle style,

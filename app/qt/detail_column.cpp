@@ -1,31 +1,13 @@
 #include "app/qt/detail_column.h"
 
-#include <algorithm>
-
-#include <QEvent>
-#include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include "ui/divider.h"
 
 namespace kalvo::app {
 
-namespace {
-
-constexpr int kMapPadding = 12;      // points above and below the map picker
-constexpr int kAnalysisPadding = 8;  // points around the analysis picker
-
-/// A control with room around it.
-QLayout* padded(QWidget* control, const QMargins& padding) {
-    auto* box = new QVBoxLayout;
-    box->setContentsMargins(padding);
-    box->addWidget(control);
-    return box;
-}
-
-}  // namespace
-
 DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget* parent)
-    : QWidget(parent),
+    : ScrollPage(parent),
       state_(state),
       map_(new ui::SegmentedControl(
           QStringLiteral("Mappa"),
@@ -36,15 +18,18 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
                                          {QStringLiteral("Analisi Impianto Eolico"),
                                           QStringLiteral("Analisi Impianto Solare FV")})),
       details_(new charts::DetailsNotebookWidget(services.clipboard)) {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addLayout(padded(map_, {16, kMapPadding, 16, kMapPadding}));
-    column->addWidget(area_, 1);
-    column->addWidget(new ui::Divider);
-    column->addLayout(padded(
-        analysis_, {kAnalysisPadding, kAnalysisPadding, kAnalysisPadding, kAnalysisPadding}));
-    column->addWidget(details_);
+    auto* page = new QWidget;
+    // While it is empty: taking in a page measures it.
+    setWidget(page);
+    layout_ = new DetailLayout(*this, page);
+    constexpr QMargins kMapPadding(16, 16, 16, 16);  // points
+    constexpr QMargins kAnalysisPadding(8, 8, 8, 8);
+    layout_->addFixed(map_, kMapPadding);
+    layout_->addMap(area_);
+    layout_->addFixed(new ui::Divider, {});
+    layout_->addFixed(analysis_, kAnalysisPadding);
+    layout_->addDetails(details_);
+    for (int i = 0; i < area_->count(); ++i) area_->widget(i)->installEventFilter(this);
 
     connect(map_, &ui::SegmentedControl::indexChosen, this, [this](int index) {
         state_.activeTab = index;
@@ -69,22 +54,22 @@ void DetailColumn::showState() {
                        .pvResultText = state_.pvResultText});
 }
 
-bool DetailColumn::event(QEvent* event) {
-    if (event->type() == QEvent::LayoutRequest) distributeHeight();
-    return QWidget::event(event);
+bool DetailColumn::eventFilter(QObject* object, QEvent* event) {
+    // A scroll area watches its bars and its page, too.
+    const bool isMap = object->parent() == area_;
+    if (isMap && event->type() == QEvent::Wheel && layout_->isOnePage()) {
+        const auto& wheel = dynamic_cast<const QWheelEvent&>(*event);
+        if (!(wheel.modifiers() & Qt::ControlModifier)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return ScrollPage::eventFilter(object, event);
 }
 
 void DetailColumn::resizeEvent(QResizeEvent* event) {
-    distributeHeight();
-    QWidget::resizeEvent(event);
-}
-
-void DetailColumn::distributeHeight() {
-    constexpr int kDivider = 1;
-    const int pickers = map_->sizeHint().height() + analysis_->sizeHint().height() +
-                        2 * (kMapPadding + kAnalysisPadding);
-    const int room = height() - pickers - kDivider;
-    details_->setFixedHeight(std::max(0, std::min(details_->heightForWidth(width()), room / 2)));
+    details_->setAvailableWidth(width());
+    ScrollPage::resizeEvent(event);
 }
 
 }  // namespace kalvo::app

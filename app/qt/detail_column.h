@@ -1,16 +1,18 @@
 #pragma once
 
-#include <QWidget>
-
 #include "app/content_view.h"
+#include "app/qt/detail_layout.h"
 #include "app/qt/map_area.h"
 #include "charts/qt/details_notebook_widget.h"
+#include "ui/scroll_page.h"
 #include "ui/segmented_control.h"
 
 namespace kalvo::app {
 
-/// The column of pictures: the map or globe above the tabbed details.
-class DetailColumn final : public QWidget {
+/// The column of pictures: the map or globe above the tabbed details. A column too low for the map
+/// and one whole chart scrolls as one page; the wheel then scrolls it over the map too, which
+/// zooms while Ctrl is held.
+class DetailColumn final : public ui::ScrollPage {
     Q_OBJECT
 
  public:
@@ -23,18 +25,16 @@ class DetailColumn final : public QWidget {
     void edited();
 
  protected:
-    bool event(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
  private:
-    /// Gives the details the height they need, but never more than the map keeps.
-    void distributeHeight();
-
     ContentView& state_;
     ui::SegmentedControl* map_;
     MapArea* area_;
     ui::SegmentedControl* analysis_;
     charts::DetailsNotebookWidget* details_;
+    DetailLayout* layout_;
 };
 
 }  // namespace kalvo::app

@@ -2,11 +2,11 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "app/branding.h"
 #include "base/qt/qstring.h"
+#include "ui/scroll_page.h"
 #include "ui/theme.h"
 
 namespace kalvo::app {
@@ -46,7 +46,7 @@ QLabel* makeParagraph(const QString& text) {
     return paragraph;
 }
 
-QScrollArea* makeTexts() {
+QWidget* makeTexts() {
     auto* page = new QWidget;
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
@@ -61,9 +61,9 @@ QScrollArea* makeTexts() {
     column->addWidget(makeParagraph(base::toQString(kCopyright) + base::toQString(kSources)));
     column->addStretch();
 
-    auto* area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* area = new ui::ScrollPage;
+    area->setFrameShape(QFrame::StyledPanel);
+    area->setFocusPolicy(Qt::StrongFocus);
     area->setAccessibleName(QStringLiteral("Testo informativo"));
     area->setWidget(page);
     return area;

@@ -28,12 +28,22 @@ constexpr std::array kMapItems{MapItem{"Mappa &Regioni", "SelectTab0"},
                                MapItem{"Mappa &Province", "SelectTab1"},
                                MapItem{"Mappa del &Vento", "SelectTab2"}};
 
-/// The size at which everything has its place; where the screen is smaller, what it leaves.
-QSize initialSize(const QScreen* screen) {
+/// Returns the size bounded by what a window can have on a screen, in points.
+QSize boundedToScreen(const QSize& size, const QScreen* screen) {
+    constexpr int kTitleBar = 48;  // that a window's frame may take
+    if (screen == nullptr) return size;
+    return size.boundedTo(screen->availableSize() - QSize(0, kTitleBar));
+}
+
+/// Gives a window the size at which everything stands side by side, and a minimum at which
+/// everything can be reached, each as far as the screen has the space.
+void fitToScreen(QWidget& window) {
     constexpr QSize kPreferred(1320, 900);
-    constexpr int kTitleBar = 48;  // points that a window's frame may take
-    if (screen == nullptr) return kPreferred;
-    return kPreferred.boundedTo(screen->availableSize() - QSize(0, kTitleBar));
+    constexpr QSize kMinimum(900, 600);
+    constexpr QSize kLeastMinimum(640, 480);
+    const QScreen* screen = window.screen();
+    window.setMinimumSize(boundedToScreen(kMinimum, screen).expandedTo(kLeastMinimum));
+    window.resize(boundedToScreen(kPreferred, screen));
 }
 
 }  // namespace
@@ -61,8 +71,7 @@ QMainWindow* Kalvo_TreskApp::openWindow() {
     auto* screen = new MainScreen(services_);
     window->setCentralWidget(screen);
     addMenus(*window, *screen);
-    window->setMinimumSize(900, 600);
-    window->resize(initialSize(window->screen()));
+    fitToScreen(*window);
     ui::afterNextPaint(*window, [this] { showIcon(); });
     window->show();
     return window;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kNarrowestSidebar = 320;  // points
 constexpr int kWidestSidebar = 480;
-constexpr int kNarrowestDetails = 520;
+constexpr int kNarrowestDetails = 309;
 
 /// Lays out what has changed now. By itself every level of widgets within widgets takes a turn of
 /// the event loop, and a frame painted between two of them shows texts squeezed into the room of

@@ -6,6 +6,7 @@
 
 #include "base/qt/qstring.h"
 #include "ui/divider.h"
+#include "ui/elided_label.h"
 #include "ui/icons.h"
 #include "ui/theme.h"
 
@@ -47,14 +48,12 @@ QLineEdit* makeField(const QString& placeholder) {
 }
 
 QLabel* makeAttribution() {
-    QLabel* notice =
-        ui::makeLabel(QStringLiteral("© Kalvo · Meteoblue · OpenStreetMap · ISTAT · GeoNames"),
-                      FontStyle::kCaption2, FontWeight::kRegular, TextRole::kTertiary);
-    notice->setToolTip(QStringLiteral(
+    auto* notice = new ui::ElidedLabel(
+        QStringLiteral("© Kalvo · Meteoblue · OpenStreetMap · ISTAT · GeoNames"));
+    ui::setTextStyle(*notice, FontStyle::kCaption2, FontWeight::kRegular, TextRole::kTertiary);
+    notice->setNote(QStringLiteral(
         "Stime indicative, non vincolanti.\nDati: meteoblue, © i contributori di OpenStreetMap, "
         "ISTAT (CC BY 3.0 IT), © GeoNames (CC BY 4.0)."));
-    // With another font a longer line must not widen the column.
-    notice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     return notice;
 }
 
@@ -67,20 +66,16 @@ void showText(QLineEdit& field, const std::string& value) {
 }  // namespace
 
 SidebarWidget::SidebarWidget(ContentView& state, QWidget* parent)
-    : QScrollArea(parent),
+    : ScrollPage(parent),
       state_(state),
       page_(new QWidget),
       column_(new QVBoxLayout(page_)),
       result_(new ResultWidget) {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    QPalette ground = palette();
-    ground.setColor(QPalette::Window, ui::Theme::current().sidebar);
-    setPalette(ground);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, ui::Theme::current().sidebar);
+    setPalette(colors);
 
-    // Before it is filled: the page it takes in is measured.
+    // While it is empty: taking in a page measures it.
     setWidget(page_);
     column_->setSpacing(kSpacing);
     column_->addLayout(makeHeader());
@@ -270,7 +265,7 @@ QSize SidebarWidget::sizeHint() const { return {kPreferredWidth, 700}; }
 
 void SidebarWidget::resizeEvent(QResizeEvent* event) {
     fitMargins();
-    QScrollArea::resizeEvent(event);
+    ScrollPage::resizeEvent(event);
 }
 
 void SidebarWidget::fitMargins() {

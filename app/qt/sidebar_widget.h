@@ -2,7 +2,6 @@
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "app/content_view.h"
@@ -10,6 +9,7 @@
 #include "app/qt/result_widget.h"
 #include "ui/combo_box.h"
 #include "ui/image_view.h"
+#include "ui/scroll_page.h"
 #include "ui/segmented_control.h"
 
 namespace kalvo::app {
@@ -17,7 +17,7 @@ namespace kalvo::app {
 /// The column of controls and results. Its controls edit the fields of the state or run its
 /// operations, and `edited` tells whoever redraws the screen; `showState` brings the controls to
 /// what the state holds, without a signal.
-class SidebarWidget final : public QScrollArea {
+class SidebarWidget final : public ui::ScrollPage {
     Q_OBJECT
 
  public:

@@ -9,14 +9,19 @@
 
 namespace kalvo::charts {
 
+namespace {
+
+int naturalHeight(const QWidget& analysis, int width) {
+    // -1 while nothing in the view depends on the width.
+    return std::max(analysis.heightForWidth(width), analysis.minimumSizeHint().height());
+}
+
+}  // namespace
+
 DetailsNotebookWidget::DetailsNotebookWidget(base::Clipboard& clipboard, QWidget* parent)
-    : QScrollArea(parent), wind_(new WindDetailsWidget(clipboard)), solar_(new SolarDetailsWidget) {
-    setFrameShape(QFrame::NoFrame);
-    // The parts that have the focus hand on the keys that scroll.
-    setFocusPolicy(Qt::NoFocus);
-    setWidgetResizable(true);
+    : ScrollPage(parent), wind_(new WindDetailsWidget(clipboard)), solar_(new SolarDetailsWidget) {
     auto* pages = new QWidget;
-    // Before it is filled: the page it takes in is measured.
+    // While it is empty: taking in a page measures it.
     setWidget(pages);
     auto* layout = new QVBoxLayout(pages);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -40,26 +45,19 @@ void DetailsNotebookWidget::setArrangement() {
     solar_->setArrangement(arrangementFor(horizontalSizeClass_));
 }
 
-void DetailsNotebookWidget::resizeEvent(QResizeEvent* event) {
-    const auto sizeClass = width() < wind_->sideBySideWidth() ? HorizontalSizeClass::kCompact
-                                                              : HorizontalSizeClass::kRegular;
-    if (horizontalSizeClass_ != sizeClass) {
-        horizontalSizeClass_ = sizeClass;
-        setArrangement();
-        updateGeometry();
-    }
-    QScrollArea::resizeEvent(event);
+void DetailsNotebookWidget::setAvailableWidth(int width) {
+    const auto sizeClass = width < wind_->sideBySideWidth() ? HorizontalSizeClass::kCompact
+                                                            : HorizontalSizeClass::kRegular;
+    if (horizontalSizeClass_ == sizeClass) return;
+    horizontalSizeClass_ = sizeClass;
+    setArrangement();
+    updateGeometry();
 }
 
-int DetailsNotebookWidget::heightForWidth(int width) const {
-    // -1 while nothing in the view depends on the width.
-    return std::max(wind_->heightForWidth(width), wind_->minimumSizeHint().height());
-}
+int DetailsNotebookWidget::heightForWidth(int width) const { return naturalHeight(*wind_, width); }
 
-QSize DetailsNotebookWidget::sizeHint() const {
-    constexpr int kTallest = 420;
-    const int height = std::max(wind_->sizeHint().height(), solar_->sizeHint().height());
-    return {wind_->sideBySideWidth(), std::min(height, kTallest)};
+int DetailsNotebookWidget::shownHeight(int width) const {
+    return wind_->isHidden() ? naturalHeight(*solar_, width) : heightForWidth(width);
 }
 
 }  // namespace kalvo::charts

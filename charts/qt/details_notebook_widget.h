@@ -1,18 +1,17 @@
 #pragma once
 
-#include <QScrollArea>
-
 #include "base/clipboard.h"
 #include "charts/details_notebook_view.h"
+#include "ui/scroll_page.h"
 
 namespace kalvo::charts {
 
 class SolarDetailsWidget;
 class WindDetailsWidget;
 
-/// The detail panel: scrolls vertically, and stacks its content where it is too narrow to show it
-/// side by side.
-class DetailsNotebookWidget final : public QScrollArea {
+/// The detail panel: scrolls vertically, and stacks its content where there is too little width to
+/// show it side by side.
+class DetailsNotebookWidget final : public ui::ScrollPage {
     Q_OBJECT
 
  public:
@@ -22,14 +21,15 @@ class DetailsNotebookWidget final : public QScrollArea {
     /// Repaints only what differs from the view shown.
     void setView(const DetailsNotebookView& view);
 
-    /// The height of the taller of the two analyses, so that nothing moves when the tab changes; no
-    /// more than leaves room for what stands above the panel.
-    [[nodiscard]] QSize sizeHint() const override;
-    /// The height at which the wind view, the taller one, needs no scrolling.
-    [[nodiscard]] int heightForWidth(int width) const override;
+    /// Arranges the content for a place of `width` points, a vertical scroll bar included, whether
+    /// it is the panel's own or stands beside it.
+    void setAvailableWidth(int width);
 
- protected:
-    void resizeEvent(QResizeEvent* event) override;
+    /// The height at which the wind view, the taller one, needs no scrolling, so that nothing moves
+    /// when the tab changes.
+    [[nodiscard]] int heightForWidth(int width) const override;
+    /// The height at which the analysis that is shown needs no scrolling.
+    [[nodiscard]] int shownHeight(int width) const;
 
  private:
     void setArrangement();

@@ -1,6 +1,8 @@
 #include "app/qt/detail_column.h"
 
+#include <QtTest/qtestspontaneevent.h>
 #include <gmock/gmock.h>
+#include <QScrollBar>
 
 #include "tests/app/screen_fixture.h"
 
@@ -17,6 +19,13 @@ class DetailColumnTest : public ScreenTest {
     }
     [[nodiscard]] geo::GlobeWidget* globe() const {
         return dynamic_cast<geo::GlobeWidget*>(window->findChild<MapArea*>()->currentWidget());
+    }
+    [[nodiscard]] DetailColumn* column() const { return window->findChild<DetailColumn*>(); }
+    /// Gives the window a size, whatever the screen of this platform would bound it to.
+    void resizeTo(const QSize& size) const {
+        window->setMinimumSize(0, 0);
+        window->resize(size);
+        QApplication::processEvents();
     }
 };
 
@@ -85,17 +94,59 @@ TEST_F(DetailColumnTest, TheAnalysisPickerChangesWhatTheDetailsShow) {
     EXPECT_TRUE(isShown());
 }
 
-TEST_F(DetailColumnTest, TheDetailsNeedNoScrollingInAWindowOfOrdinarySize) {
-    window->resize(1320, 900);
-    QApplication::processEvents();
+TEST_F(DetailColumnTest, LeavesTheMapItsHeightAndScrollsInOnePlace) {
+    struct Case {
+        QSize window;
+        bool isOnePage;
+    };
     auto* details = window->findChild<charts::DetailsNotebookWidget*>();
-    EXPECT_GE(details->viewport()->height(), details->widget()->height());
-    EXPECT_GE(window->findChild<MapArea*>()->height(), details->height());
+    for (const auto& [size, isOnePage] :
+         {Case{{640, 480}, true}, Case{{900, 600}, true}, Case{{1024, 600}, true},
+          Case{{1280, 672}, true}, Case{{1000, 720}, false}, Case{{1320, 900}, false}}) {
+        resizeTo(size);
+        EXPECT_EQ(column()->verticalScrollBar()->maximum() > 0, isOnePage) << size.height();
+        EXPECT_FALSE(isOnePage && details->verticalScrollBar()->maximum() > 0) << size.height();
+        const MapArea* area = window->findChild<MapArea*>();
+        EXPECT_GE(area->height(), 280);
+        EXPECT_LE(area->geometry().bottom(), named<QWidget>("Analisi Dettagliata")->y());
+        EXPECT_EQ(column()->widget()->width(), column()->viewport()->width());
+        EXPECT_GE(isOnePage ? details->height() : 276, details->widget()->height() * isOnePage);
+    }
+    EXPECT_GE(details->viewport()->height(), details->widget()->height()) << "at 1320 x 900";
+}
 
-    window->resize(1000, 700);
-    QApplication::processEvents();
-    EXPECT_GE(window->findChild<MapArea*>()->height(), details->height());
-    EXPECT_LT(details->viewport()->height(), details->widget()->height());
+TEST_F(DetailColumnTest, TheWheelScrollsALowColumnAndZoomsTheMapOfAHighOne) {
+    choose("Nazione", "Italia");
+    const auto turn = [this](Qt::KeyboardModifiers modifiers) {
+        QWheelEvent wheel(QPointF(5, 5), map()->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
+                          Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+        // Only what seems to come from the desktop is handed on from widget to widget.
+        QSpontaneKeyEvent::setSpontaneous(&wheel);
+        qApp->notify(map(), &wheel);
+        QTest::keyClick(map(), Qt::Key_Plus);
+    };
+    const auto zoom = [this] { return map()->view().gestures.scale; };
+    resizeTo({900, 600});
+    turn(Qt::NoModifier);
+    EXPECT_GT(column()->verticalScrollBar()->value(), 0);
+    EXPECT_DOUBLE_EQ(zoom(), 1.25) << "by the key alone";
+    turn(Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(zoom(), 1.25) << "one step out, one in";
+    resizeTo({1000, 800});
+    turn(Qt::NoModifier);
+    EXPECT_DOUBLE_EQ(zoom(), 1.25);
+}
+
+TEST_F(DetailColumnTest, WhateverTheTabulatorReachesComesIntoView) {
+    resizeTo({640, 480});
+    named<QComboBox>("Nazione")->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 20; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const QWidget* focused = QApplication::focusWidget();
+        const QRect visible = focused->visibleRegion().boundingRect();
+        EXPECT_GE(visible.height(), std::min(focused->height(), 160))
+            << nameOf(QApplication::focusWidget()).toStdString();
+    }
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class DetailsNotebookTest : public testing::Test {
                {}, "Stima <b>solare</b>\nseconda riga", "Produzione"},
           widget(clipboard) {
         widget.setView(view);
-        widget.resize(1000, 400);
+        resizeTo(1000);
         widget.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
     }
@@ -39,6 +39,7 @@ class DetailsNotebookTest : public testing::Test {
     }
 
     void resizeTo(int width) {
+        widget.setAvailableWidth(width);
         widget.resize(width, 400);
         // A layout that changes the height of its widget asks for another round.
         for (int round = 0; round < 4; ++round) QApplication::processEvents();

@@ -87,6 +87,8 @@ int main(int argc, char** argv) {
                               base::NotificationCenter::defaultCenter(), urlOpener);
     QMainWindow* window = kalvo.openWindow();
     const QStringList size = options.value("size").split('x');
+    // The screen of these pictures is not the one that the window would be bounded by.
+    window->setMinimumSize(0, 0);
     window->resize(size.value(0).toInt(), size.value(1).toInt());
     settle();
     work(*qobject_cast<app::MainScreen*>(window->centralWidget()), options);
