@@ -35,6 +35,10 @@ constexpr double kIntegerBound = 9223372036854775808.0;
 /// counts of both signs that all but cancel each other out ever reach it.
 constexpr double kScaledBound = 1152921504606846976.0;  // 2^60
 
+/// A value beyond this counts as unreadable: with it, the sum of a year times the largest plant and
+/// any number of plants would leave the range of doubles.
+constexpr double kValueBound = 1e280;
+
 std::vector<object> seriesOf(const JsonDocument& json) {
     return objectsMember(json.root(), "series").value_or(std::vector<object>{});
 }
@@ -44,11 +48,12 @@ std::string lowercasedName(object series) {
 }
 
 std::optional<double> readValue(simdjson::dom::element value) {
+    std::optional<double> number;
     std::string_view text;
-    if (!value.get(text)) return base::parseDouble(text);
-    double number = 0;
-    if (!value.get(number)) return number;
-    return std::nullopt;
+    if (double plain = 0; !value.get(plain)) number = plain;
+    if (!value.get(text)) number = base::parseDouble(text);
+    // Infinities and what is no number are refused as well.
+    return number && std::abs(*number) <= kValueBound ? number : std::nullopt;
 }
 
 /// Calls `store(position, value)` for the readable ones among the first `count` values.

@@ -7,7 +7,8 @@
 
 /// The chart documents of the climate page. Each has an array "series" of objects with a "name"
 /// and an array "data"; its values are numbers or texts that are numbers. The decoders never fail:
-/// what is missing or cannot be read leaves the default in place.
+/// what is missing or cannot be read, or is infinite, not a number or beyond ±1e280, leaves the
+/// default in place.
 namespace kalvo::online {
 
 /// Days per wind-speed class for each of the twelve months, brought to the length of the month.

@@ -18,7 +18,7 @@ constexpr std::string_view kWindRosePattern =
 constexpr std::string_view kCloudCoveragePattern =
     R"(id=["']blooimage["'][^>]+data-url=["']([^"']*cloud_coverage[^"']*)["'])";
 
-/// Where the character after the one at the position begins.
+/// Returns where the character after the one at the position begins.
 std::size_t nextCharacter(std::string_view text, std::size_t position) {
     do {
         ++position;
@@ -26,12 +26,36 @@ std::size_t nextCharacter(std::string_view text, std::size_t position) {
     return position;
 }
 
+/// Returns what group 1 captures in the first match of one of the patterns above. Group 1 reaches
+/// from the last quotation mark but one to the last: without groups, the match is found by
+/// automata, at a tenth of the cost.
+std::optional<std::string_view> firstCapture(std::string_view pattern, std::string_view page) {
+    const RE2 expression(re2::StringPiece(pattern.data(), pattern.size()));
+    re2::StringPiece match;
+    if (!expression.Match({page.data(), page.size()}, 0, page.size(), RE2::UNANCHORED, &match, 1)) {
+        return std::nullopt;
+    }
+    const std::string_view found(match.data(), match.size() - 1);
+    return found.substr(found.find_last_of("\"'") + 1);
+}
+
+std::string withAmpersands(std::string_view text) {
+    constexpr std::string_view kEntity = "&amp;";
+    std::string decoded;
+    decoded.reserve(text.size());
+    while (true) {
+        const std::size_t entity = text.find(kEntity);
+        decoded += text.substr(0, entity);
+        if (entity == std::string_view::npos) return decoded;
+        decoded += '&';
+        text.remove_prefix(entity + kEntity.size());
+    }
+}
+
 std::optional<std::string> firstAddress(std::string_view pattern, std::string_view page) {
-    const std::vector<std::string> found = matches(pattern, page);
-    if (found.empty()) return std::nullopt;
-    std::string address = "https:" + found.front();
-    RE2::GlobalReplace(&address, "&amp;", "&");
-    return address;
+    const auto captured = firstCapture(pattern, page);
+    if (!captured) return std::nullopt;
+    return "https:" + withAmpersands(*captured);
 }
 
 }  // namespace

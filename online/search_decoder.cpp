@@ -1,6 +1,7 @@
 #include "online/search_decoder.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -17,6 +18,7 @@ std::optional<MeteoblueSearchResult> decodePlace(simdjson::dom::object place) {
     const auto lon = numberMember(place, "lon");
     const auto slug = textMember(place, "url");
     if (!name || !lat || !lon || !slug) return std::nullopt;
+    if (std::abs(*lat) > 90 || std::abs(*lon) > 180) return std::nullopt;
 
     MeteoblueSearchResult result{.name = std::string(*name),
                                  .country = std::string(textMember(place, "country").value_or("")),

@@ -7,8 +7,9 @@
 
 namespace kalvo::online {
 
-/// The places in an answer of the site's place search, in its order. An answer of another shape
-/// gives none, a place without name, coordinates or address fragment is left out.
+/// Returns the places in an answer of the site's place search, in its order. An answer of another
+/// shape gives none; a place without name, coordinates or address fragment is left out, and so is
+/// one whose coordinates, in degrees, lie beyond ±90 and ±180: the globe could not show it.
 [[nodiscard]] std::vector<MeteoblueSearchResult> decodeSearchResults(std::string_view body);
 
 /// Orders places by their distance from a point, taken on plain degrees: neither the convergence

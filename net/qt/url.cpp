@@ -10,6 +10,7 @@
 namespace kalvo::net {
 
 bool isValidUrl(std::string_view text) {
+    if (text.size() > kLongestUrl) return false;
     const QUrl url(base::toQString(text), QUrl::StrictMode);
     // "https:https://host/" is an address to QUrl, one with a path and no host.
     return url.isValid() && !url.host().isEmpty();

@@ -15,6 +15,9 @@ TEST(IsValidUrl, TakesAddressesThatARequestCanBeSentTo) {
                              "https://host/<a>", "https://host/50%", "https://ho st/"}) {
         EXPECT_FALSE(isValidUrl(text)) << text;
     }
+    const std::string longest = "https://host/" + std::string(8192 - 13, 'x');
+    EXPECT_TRUE(isValidUrl(longest));
+    EXPECT_FALSE(isValidUrl(longest + "x"));
 }
 
 TEST(PercentEncodedQuery, EscapesWhatAQueryCannotHold) {

@@ -202,12 +202,13 @@ TEST(CloudCoverageDecoder, TellsSkyConditionsByName) {
     }
 }
 
-TEST(CloudCoverageDecoder, KeepsValuesAsTheyAre) {
-    const JsonDocument json =
-        chart(series("Sunny", R"([12.34, "12.5", "abc", -3, 1e300, null, 1,2,3,4,5,6,7,8])") + "," +
-              series("Sunny", "[null, 9]"));
+TEST(CloudCoverageDecoder, KeepsValuesAsTheyAreIfFiguresCanBeMadeOfThem) {
+    const JsonDocument json = chart(
+        series("Sunny",
+               R"([12.34, "12.5", "abc", -3, 1e280, null, "inf", "nan", -2e280, 4,5,6,7,8])") +
+        "," + series("Sunny", "[null, 9]"));
     EXPECT_THAT(parseCloudCoverageJSON(&json)->sunny,
-                ElementsAre(12.34, 9, 0, -3, 1e300, 0, 1, 2, 3, 4, 5, 6));
+                ElementsAre(12.34, 9, 0, -3, 1e280, 0, 0, 0, 0, 4, 5, 6));
 }
 
 }  // namespace

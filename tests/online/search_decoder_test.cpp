@@ -51,11 +51,13 @@ TEST(SearchDecoder, ReadsEveryFieldOfAPlace) {
 TEST(SearchDecoder, LeavesOutPlacesWithoutWhatTheyNeed) {
     EXPECT_THAT(names(decodeSearchResults(R"({"results": [
                     {"name": "first", "url": "a", "lat": 1, "lon": 2},
+                    {"name": "beyond the pole", "url": "a", "lat": -90.5, "lon": 2},
+                    {"name": "beyond the date line", "url": "a", "lat": 1, "lon": 180.5},
                     {"name": "no address", "lat": 1, "lon": 2},
                     {"name": "text for a latitude", "url": "a", "lat": "1", "lon": 2},
                     {"name": "truth for a longitude", "url": "a", "lat": 1, "lon": true},
                     {"name": null, "url": "a", "lat": 1, "lon": 2},
-                    {"name": "last", "url": "a", "lat": 1, "lon": 2, "country": 3, "iso2": []},
+                    {"name": "last", "url": "a", "lat": -90, "lon": 180, "country": 3, "iso2": []},
                     {}]})")),
                 ElementsAre("first", "last"));
 }
