@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -10,15 +11,21 @@
 
 namespace kalvo::tests {
 
+/// Returns the bytes of a file below tests/.
+inline std::string readFile(const std::string& name) {
+    std::ifstream file(std::filesystem::path(KALVO_SOURCE_DIR "/tests") / name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// Checks a transcript: the file `name` below tests/ with questions, whose lines begin with "> ",
 /// each followed by the lines that `answer` must give it, indented by two blanks. Other lines are
 /// comments. Where an answer differs, the transcript as it would be is left in the temporary
 /// folder, for a look and, if it is right, to replace the file.
 inline void expectTranscript(const std::string& name,
                              const std::function<std::string(const std::string&)>& answer) {
-    std::ifstream file(std::filesystem::path(KALVO_SOURCE_DIR "/tests") / name);
-    ASSERT_TRUE(file) << name;
-    std::string expected;
+    const std::string expected = readFile(name);
+    std::istringstream file(expected);
     std::string actual;
     std::string question;
     const auto reply = [&] {
@@ -30,7 +37,6 @@ inline void expectTranscript(const std::string& name,
         question.clear();
     };
     for (std::string line; std::getline(file, line);) {
-        expected += line + "\n";
         if (line.starts_with("> ")) {
             question += line.substr(2) + "\n";
         } else {
