@@ -35,10 +35,10 @@ inline constexpr std::array<Country, 3> kCountries{{
      .flag = "flag_vc"},
 }};
 
-/// The country of this name, or null (the online entry among others).
+/// Returns the country of this name, or null (the online entry among others).
 [[nodiscard]] const Country* findCountry(std::string_view name);
 
-/// The country that a catalogue place with this region belongs to.
+/// Returns the country that a catalogue place with this region belongs to.
 [[nodiscard]] const Country& countryOfRegion(std::string_view region);
 
 }  // namespace kalvo::app

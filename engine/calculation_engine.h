@@ -44,33 +44,39 @@ class CalculationEngine {
     static const std::array<std::string_view, 12> months;  // "Gen" to "Dic"
     static constexpr std::array<int, 12> daysInMonth{31, 28, 31, 30, 31, 30,
                                                      31, 31, 30, 31, 30, 31};
-    /// Net over gross production.
+    /// Net over gross production, for all that the models do not see (losses, obstacles,
+    /// standstill): a margin fixed by the product, not a measured ratio.
     static constexpr double correctionCoefficient = 0.7;
 
-    /// The wind map's color for a yield (kWh per year, catalogue scale): a ramp from pale blue
-    /// (2800 and less) over yellow-green and orange to red (5900 and more).
+    /// Returns the wind map's color for a yield (kWh per year, catalogue scale): a ramp from pale
+    /// blue (2800 and less) over yellow-green and orange to red (5900 and more).
     [[nodiscard]] static graphics::Color getWindColor(double kwh);
 
-    /// Mean wind of each month over that of the year: the alpine or the standard profile.
+    /// Returns the mean wind of each month over that of the year: the alpine profile (by the words
+    /// "valle" and "trentino" in the region, or north of 45.8 and west of 12 degrees) or the
+    /// standard one.
     [[nodiscard]] static const std::array<double, 12>& getMonthlyFactors(const PlaceArgs& place);
 
-    /// Days per wind-speed class for each month, from a Rayleigh distribution round the month's
-    /// mean wind; every month adds up to its length.
+    /// Returns the days per wind-speed class for each month, from a Rayleigh distribution round the
+    /// month's mean wind; every month adds up to its length.
     [[nodiscard]] static WindDistribution calculateMonthlyWindDistribution(
         const MonthlyWindArgs& args);
 
-    /// Hours of the year per direction and wind-speed class, about 8760 in all. The same label
+    /// Returns the hours of the year per direction and wind-speed class, about 8760 in all: a draw
+    /// round the region's prevailing directions, not a measurement. The same label
     /// gives the same rose in every run.
     [[nodiscard]] static WindRoseData calculateWindRoseData(const WindRoseArgs& args);
 
-    /// Sky conditions of the north, the center or the south of Italy, by latitude and region.
+    /// Returns the sky conditions of the north, the center or the south of Italy, by latitude and
+    /// region.
     [[nodiscard]] static SolarData calculateOfflineSolarData(const PlaceArgs& place);
 
-    /// kWh per year of one turbine of `kw` (1, 2; any other counts as 3), a whole number.
+    /// Returns the kWh per year of one turbine of `kw` (1, 2; any other counts as 3), a whole
+    /// number.
     [[nodiscard]] static double calculateProductionFromDistribution(const WindDistribution& dist,
                                                                     int kw);
 
-    /// kWh per year of a photovoltaic plant of `kw` kWp, a whole number.
+    /// Returns the kWh per year of a photovoltaic plant of `kw` kWp, a whole number.
     [[nodiscard]] static double calculateSolarProduction(const SolarData& solarData, int kw);
 
     /// The gross production of `quantity` turbines of `kw` split over the months as the days of
@@ -85,7 +91,7 @@ class CalculationEngine {
     [[nodiscard]] static std::optional<MonthlyProduction> calculateMonthlySolarProduction(
         const SolarData& solarData, int kw, std::int64_t quantity);
 
-    /// An energy for display: no fraction (ties to even), thousands grouped with ".".
+    /// Writes an energy for display: no fraction (ties to even), thousands grouped with ".".
     [[nodiscard]] static std::string formatKWh(double kwh);
 };
 

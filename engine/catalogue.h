@@ -13,10 +13,10 @@ namespace kalvo::engine {
 class Catalogue {
  public:
     Catalogue() = default;
-    /// Of several places with one label the last one stays.
+    /// Keeps of several places with one label the last.
     explicit Catalogue(std::vector<Location> places);
 
-    /// The place with this label, or null.
+    /// Returns the place with this label, or null.
     [[nodiscard]] const Location* find(std::string_view label) const;
 
     [[nodiscard]] std::size_t size() const { return places_.size(); }

@@ -4,7 +4,8 @@
 
 #include "engine/wind_range.h"
 
-/// What a day yields: the outputs behind the production of a year and of its months.
+/// What a day yields: the outputs behind the production of a year and of its months. All of them
+/// are round figures of this program's models, not of a maker's power curve or a measured plant.
 namespace kalvo::engine {
 
 /// kWh per day in each wind-speed class, in the order of `WindRange::labels`, of a turbine of

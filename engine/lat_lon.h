@@ -11,12 +11,12 @@ struct LatLon {
     friend bool operator==(const LatLon&, const LatLon&) = default;
 };
 
-/// The angle in radians; the product comes before the quotient.
+/// Returns the angle in radians; the product comes before the quotient.
 [[nodiscard]] constexpr double toRadians(double degrees) {
     return degrees * std::numbers::pi / 180;
 }
 
-/// The great-circle distance in km on a sphere of 6371 km, by the haversine formula (R. W.
+/// Returns the great-circle distance in km on a sphere of 6371 km, by the haversine formula (R. W.
 /// Sinnott, "Virtues of the Haversine", Sky and Telescope 68, 1984).
 [[nodiscard]] double greatCircleKm(LatLon one, LatLon other);
 

@@ -28,30 +28,30 @@ class LocationParser {
     LocationParser(const base::Bundle& bundle, base::Diagnostics& diagnostics)
         : bundle_(bundle), diagnostics_(diagnostics) {}
 
-    /// The application's own instance, on its bundle and standard output.
+    /// Returns the application's own instance, on its bundle and standard output.
     [[nodiscard]] static LocationParser& shared();
 
-    /// Begins to read the catalogue on a thread of its own, if one can be had; the next
-    /// `loadLocations` takes what it read.
+    /// Begins to read the catalogue on a thread of its own (a deferred std::async where none is
+    /// available); the next `loadLocations` takes what it read.
     void prefetchLocations();
 
-    /// The place catalogue, "comuni_italia.csv".
+    /// Returns the place catalogue, "comuni_italia.csv".
     [[nodiscard]] Catalogue loadLocations();
 
-    /// The weather stations behind the catalogue, "centraline.csv"; none when it cannot be read.
-    /// Read by the first call; the reference stays valid and unchanged.
+    /// Returns the weather stations behind the catalogue, "centraline.csv"; none when it cannot be
+    /// read. The first call reads it; the reference stays valid and unchanged.
     [[nodiscard]] const Stations& loadStations();
 
-    /// The outlines in a GeoJSON resource, named with or without ".json"; nothing when it is
-    /// missing (silently) or cannot be decoded.
+    /// Returns the outlines in a GeoJSON resource, named with or without ".json"; nothing when it
+    /// is missing (silently) or cannot be decoded.
     [[nodiscard]] std::optional<geojson::GeoMapData> loadGeoJSON(std::string_view name) const;
 
-    /// The world's country outlines, thinned to at most about 80 positions a ring. Read once;
-    /// after a failure every call tries again. The reference stays valid and unchanged.
+    /// Returns the world's country outlines, thinned to at most about 80 positions a ring. They are
+    /// read once; after a failure every call tries again. The reference stays valid and unchanged.
     [[nodiscard]] const std::vector<CountryRing>& loadWorldCountryRings();
 
  private:
-    /// The bytes of a text file without the byte order mark that some editors begin it with.
+    /// Reads the bytes of a text file without the byte order mark that some editors begin it with.
     [[nodiscard]] static base::Result<std::string> readText(const std::filesystem::path& path);
 
     /// The catalogue, or the diagnostic line that tells why there is none.
@@ -61,7 +61,7 @@ class LocationParser {
     const base::Bundle& bundle_;
     base::Diagnostics& diagnostics_;
     std::future<CatalogueReading> readAhead_;
-    std::optional<std::vector<CountryRing>> cachedWorldRings;
+    std::optional<std::vector<CountryRing>> worldRings_;
     std::optional<Stations> stations_;
 };
 

@@ -5,6 +5,9 @@ namespace kalvo::engine {
 
 namespace {
 
+// Days of each month under each sky, January first: typical years of this model for three belts of
+// Italy, not measurements. The three skies add up to the month; precipitation is counted apart.
+
 const SolarData& north() {
     static const SolarData sky{
         .sunny = {5, 6, 8, 9, 10, 11, 14, 13, 10, 8, 5, 4},

@@ -40,9 +40,9 @@ struct WindEstimate {
     std::size_t stationCount;    // how many stations have a weight
 };
 
-/// The typical error in m/s of a place's mean wind, from that wind (m/s) and the distance of the
-/// nearest general station: the least-squares plane through the absolute errors at the stations
-/// left out one at a time, rounded (resources/README.md).
+/// Returns the typical error in m/s of a place's mean wind, from that wind (m/s) and the distance
+/// of the nearest general station: the least-squares plane through the absolute errors at the
+/// stations left out one at a time, rounded (resources/README.md).
 [[nodiscard]] double typicalWindError(double meanWind, double kmToNearest);
 
 /// The weather stations behind the catalogue, and how much each counts at a place.
@@ -55,16 +55,16 @@ class Stations {
     /// (G general, L exposed) and years. Fails on other columns or a faulty field.
     [[nodiscard]] static base::Result<Stations> read(std::string_view table);
 
-    /// The station with this code, or null.
+    /// Returns the station with this code, or null.
     [[nodiscard]] const Station* find(std::string_view code) const;
 
-    /// The stations that count at a place: the eight nearest general ones, nearest first, by the
-    /// inverse of their distance; then the exposed ones nearer than 10 km, by the inverse of theirs
-    /// less that of 10 km.
+    /// Returns the stations that count at a place: the eight nearest general ones, nearest first,
+    /// by the inverse of their distance; then the exposed ones nearer than 10 km, by the inverse of
+    /// theirs less that of 10 km.
     [[nodiscard]] std::vector<StationWeight> weightsAt(LatLon place) const;
 
-    /// The wind of a catalogue place; nothing for a place without coordinates, 1 kW yield or a
-    /// station of this table.
+    /// Returns the wind of a catalogue place; nothing for a place without coordinates, 1 kW yield
+    /// or a station of this table.
     [[nodiscard]] std::optional<WindEstimate> estimateFor(const Location& place) const;
 
     [[nodiscard]] auto begin() const { return stations_.begin(); }

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numeric>
+#include <random>
 
 #include "engine/calculation_engine.h"
 #include "engine/folded_region.h"
@@ -17,46 +18,48 @@ using ClassProbabilities = std::array<double, WindRange::kCount>;
 constexpr std::size_t kMonths = 12;
 constexpr std::size_t kSectors = 16;
 
+// Mean wind of each month over that of the year, January first. Profiles of this model, not of a
+// measured climate: windy winters in general, windy springs in the Alps.
 constexpr std::array<double, kMonths> kStandardFactors{1.12, 1.18, 1.15, 1.08, 0.96, 0.86,
                                                        0.80, 0.84, 0.90, 1.02, 1.05, 1.09};
 constexpr std::array<double, kMonths> kAlpineFactors{0.75, 0.85, 1.15, 1.25, 1.20, 1.15,
                                                      1.10, 1.05, 0.95, 0.90, 0.85, 0.75};
 
-/// The share of each wind-speed class under a Rayleigh distribution round a mean speed (km/h):
-/// P(speed > v) = exp(-(v / c)^2), with c = 1.128 times the mean.
-ClassProbabilities rayleighShares(double meanSpeed) {
+/// The probability of each wind-speed class under a Rayleigh distribution round a mean speed
+/// (km/h): P(speed > v) = exp(-(v / c)^2). For that mean the scale c is 2 / sqrt(pi) = 1.128 times
+/// it, rounded as is customary in wind energy (J. F. Manwell et al., "Wind Energy Explained", 2009,
+/// section 2.4).
+ClassProbabilities rayleighProbabilities(double meanSpeed) {
+    constexpr double kScaleOverMean = 1.128;
+    // The last class takes in every stronger wind too.
     constexpr std::array<double, WindRange::kCount> kUpperEdges{2, 5, 10, 20, 30, 40, 999};
-    const double scale = meanSpeed * 1.128;
+    const double scale = meanSpeed * kScaleOverMean;
     // Without wind, or with a yield that is not a number, every day is a calm one.
     if (scale == 0 || std::isnan(scale)) return {1};
 
-    ClassProbabilities shares;
+    ClassProbabilities probabilities;
     double aboveLowerEdge = 1;
-    for (std::size_t k = 0; k < shares.size(); ++k) {
+    for (std::size_t k = 0; k < probabilities.size(); ++k) {
         const double ratio = kUpperEdges[k] / scale;
-        // The exponential of less is zero, but takes the library's slow road to find out.
+        // The exponential of less underflows to zero, which takes the library its slow path to
+        // find out.
         const double aboveUpperEdge = ratio < 28 ? std::exp(-(ratio * ratio)) : 0;
-        shares[k] = aboveLowerEdge - aboveUpperEdge;
+        probabilities[k] = aboveLowerEdge - aboveUpperEdge;
         aboveLowerEdge = aboveUpperEdge;
     }
-    return shares;
+    return probabilities;
 }
 
-/// The nearest integer, halves up, of a number from 0 to a year's hours. Narrow and without a
-/// branch, so that several are rounded at once.
-std::int32_t rounded(double value) {
-    const auto whole = static_cast<std::int32_t>(value);
-    return whole + static_cast<std::int32_t>(value - whole >= 0.5);
-}
-
-/// A total split by shares into whole numbers; what rounding lost or won goes to the first of the
-/// largest, so that they add up to the total.
-std::array<std::int32_t, WindRange::kCount> apportioned(std::int32_t total,
-                                                        const ClassProbabilities& shares) {
-    std::array<std::int32_t, WindRange::kCount> counts{};
-    for (std::size_t k = 0; k < shares.size(); ++k) counts[k] = rounded(shares[k] * total);
+/// A total split by probabilities into whole numbers; what rounding lost or won goes to the first
+/// of the largest, so that they add up to the total.
+std::array<long, WindRange::kCount> apportioned(long total,
+                                                const ClassProbabilities& probabilities) {
+    std::array<long, WindRange::kCount> counts{};
+    for (std::size_t k = 0; k < counts.size(); ++k) {
+        counts[k] = std::lround(probabilities[k] * static_cast<double>(total));
+    }
     *std::max_element(counts.begin(), counts.end()) +=
-        total - std::accumulate(counts.begin(), counts.end(), 0);
+        total - std::accumulate(counts.begin(), counts.end(), 0L);
     return counts;
 }
 
@@ -82,22 +85,18 @@ std::uint64_t labelHash(std::string_view label) {
     return hash;
 }
 
-/// The linear congruential generator of the C standard's example, with numbers from 0 to 1.
-class Randomness {
- public:
-    explicit Randomness(std::uint64_t seed) : state_(seed & kMask) {}
+/// The linear congruential generator of the C standard's example for rand (ISO/IEC 9899, 7.22.2.1),
+/// modulo 2^31.
+using RoseGenerator =
+    std::linear_congruential_engine<std::uint64_t, 1103515245, 12345, std::uint64_t{1} << 31>;
 
-    double next() {
-        state_ = (state_ * 1103515245 + 12345) & kMask;
-        return static_cast<double>(state_) / static_cast<double>(kMask);
-    }
+/// The next number from 0 to 1.
+double draw(RoseGenerator& generator) {
+    return static_cast<double>(generator()) / static_cast<double>(RoseGenerator::max());
+}
 
- private:
-    static constexpr std::uint64_t kMask = 0x7fffffff;
-    std::uint64_t state_;
-};
-
-/// The two sectors that the wind blows from most.
+/// The two sectors that the wind blows from most: an assumption of this model for each region, like
+/// the weights and factors below.
 struct PrevailingSectors {
     std::size_t first;
     std::size_t second;
@@ -121,14 +120,14 @@ PrevailingSectors prevailingSectors(std::string_view region) {
 
 /// Weight of each sector, not normalized. The draws of a sector shift those of all later ones.
 std::array<double, kSectors> sectorWeights(const PrevailingSectors& prevailing,
-                                           Randomness randomness) {
+                                           RoseGenerator generator) {
     std::array<double, kSectors> weights{};
     for (std::size_t sector = 0; sector < kSectors; ++sector) {
-        weights[sector] = 0.02 + 0.02 * randomness.next();
+        weights[sector] = 0.02 + 0.02 * draw(generator);
         if (prevailing.include(sector)) {
-            weights[sector] += 0.18 + 0.1 * randomness.next();
+            weights[sector] += 0.18 + 0.1 * draw(generator);
         } else if (prevailing.areNextTo(sector)) {
-            weights[sector] += 0.05 + 0.05 * randomness.next();
+            weights[sector] += 0.05 + 0.05 * draw(generator);
         }
     }
     return weights;
@@ -159,7 +158,8 @@ WindDistribution CalculationEngine::calculateMonthlyWindDistribution(const Month
     WindDistribution distribution;
     distribution.reserve(kMonths);
     for (const std::size_t month : order) {
-        const auto counts = apportioned(daysInMonth[month], rayleighShares(factors[month] * mean));
+        const auto counts =
+            apportioned(daysInMonth[month], rayleighProbabilities(factors[month] * mean));
         distribution.try_emplace(distribution.end(), std::string(months[month]))
             ->second.assign(counts.begin(), counts.end());
     }
@@ -170,18 +170,18 @@ WindRoseData CalculationEngine::calculateWindRoseData(const WindRoseArgs& args) 
     constexpr double kHoursOfYear = 8760;
     const PrevailingSectors prevailing = prevailingSectors(args.region);
     const std::array<double, kSectors> weights =
-        sectorWeights(prevailing, Randomness(roseSeed(args.cityLabel)));
+        sectorWeights(prevailing, RoseGenerator(roseSeed(args.cityLabel)));
     const double weightSum = std::accumulate(weights.begin(), weights.end(), 0.0);
     const double mean = meanSpeed(args.kwh);
-    const ClassProbabilities prevailingShares = rayleighShares(1.3 * mean);
-    const ClassProbabilities otherShares = rayleighShares(0.85 * mean);
+    const ClassProbabilities prevailingWinds = rayleighProbabilities(1.3 * mean);
+    const ClassProbabilities otherWinds = rayleighProbabilities(0.85 * mean);
 
     WindRoseData rose;
     rose.reserve(kSectors);
     for (std::size_t sector = 0; sector < kSectors; ++sector) {
-        const std::int32_t hours = rounded(weights[sector] / weightSum * kHoursOfYear);
+        const long hours = std::lround(weights[sector] / weightSum * kHoursOfYear);
         const auto counts =
-            apportioned(hours, prevailing.include(sector) ? prevailingShares : otherShares);
+            apportioned(hours, prevailing.include(sector) ? prevailingWinds : otherWinds);
         rose.try_emplace(rose.end(), static_cast<int>(sector))
             ->second.assign(counts.begin(), counts.end());
     }

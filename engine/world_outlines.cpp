@@ -73,13 +73,13 @@ std::optional<geojson::GeoMapData> LocationParser::loadGeoJSON(std::string_view 
 }
 
 const std::vector<CountryRing>& LocationParser::loadWorldCountryRings() {
-    if (cachedWorldRings) return *cachedWorldRings;
+    if (worldRings_) return *worldRings_;
     const auto map = loadGeoJSON("world_countries.json");
     if (!map) {
         static const std::vector<CountryRing> none;
         return none;
     }
-    return cachedWorldRings.emplace(thinnedRings(*map));
+    return worldRings_.emplace(thinnedRings(*map));
 }
 
 }  // namespace kalvo::engine

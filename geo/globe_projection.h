@@ -9,7 +9,7 @@ namespace kalvo::geo {
 
 inline constexpr double kPi = 3.141592653589793;
 
-[[nodiscard]] constexpr double toRadians(double degrees) { return degrees * kPi / 180; }
+using engine::toRadians;
 [[nodiscard]] constexpr double toDegrees(double radians) { return radians * 180 / kPi; }
 
 /// Like `engine::LatLon`, but in radians; the longitude may lie many turns away from 0.

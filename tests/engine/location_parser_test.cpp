@@ -84,6 +84,8 @@ TEST_F(CatalogueLoading, FindsColumnsByTheirNames) {
     for (const auto& [what, header, line, kwh1kw, latitude] : {
              Case{"case and blanks", "LUOGO; Provincia\t;\u2003rEgIoNe;x;KWH_1kw_annui ;Latitude\n",
                   "Roma;RM;Lazio;9;1;2", 1, 2},
+             Case{"a byte order mark", "\uFEFFluogo;provincia;regione;kwh_1kw_annui;latitude\n",
+                  "Roma;RM;Lazio;1;2", 1, 2},
              Case{"any order", "latitude;regione;kwh_1kw_annui;provincia;luogo\n",
                   "2;Lazio;1;RM;Roma", 1, 2},
              Case{"yields by position", "luogo;provincia;regione\n", "Roma;RM;Lazio;1;8;9", 1, {}},
@@ -195,6 +197,23 @@ TEST_F(CatalogueLoading, ReadAheadIsTakenOnceAndSaysWhyOnlyThen) {
     EXPECT_THAT(labels(parser.loadLocations()), ElementsAre("Roma (RM)"));
     load(std::string(kHeader) + "Enna;EN;Sicilia\n");
     EXPECT_THAT(labels(parser.loadLocations()), ElementsAre("Enna (EN)"));
+}
+
+TEST_F(CatalogueLoading, ReadsTheStationsOnceWhenAskedFor) {
+    EXPECT_EQ(makeParser().loadStations().size(), 0U);
+    folder_.write("centraline.csv", "nome\n");
+    EXPECT_EQ(makeParser().loadStations().size(), 0U);
+    EXPECT_EQ(diagnostics_.lines.at(0), "centraline.csv not found in bundle!");
+    EXPECT_TRUE(diagnostics_.lines.at(1).starts_with("Error loading centraline.csv: the columns"));
+
+    folder_.write("centraline.csv",
+                  "\uFEFFcentralina;nome;latitude;longitude;vento_medio_ms;uso;anni\n"
+                  "LIRU;Roma Urbe;41.95;12.5;2.25;G;1973-2023\n");
+    LocationParser parser = makeParser();
+    EXPECT_NE(parser.loadStations().find("LIRU"), nullptr);
+    std::filesystem::remove(folder_.path() / "centraline.csv");
+    EXPECT_EQ(parser.loadStations().size(), 1U);
+    EXPECT_EQ(diagnostics_.lines.size(), 2U);
 }
 
 TEST_F(CatalogueLoading, CopesWithHugeLinesAndManyLines) {

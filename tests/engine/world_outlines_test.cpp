@@ -38,7 +38,7 @@ class OutlineLoading : public testing::Test {
 
 TEST_F(OutlineLoading, TheEndingOfTheNameIsOptional) {
     folder.write("regioni.json", outlineText("[]"));
-    folder.write("a.b.json", outlineText("[]"));
+    folder.write("a.b.json", "\uFEFF" + outlineText("[]"));
     for (const char* name : {"regioni", "regioni.json", "reg.jsonioni.json", "a.b.json"}) {
         EXPECT_TRUE(parser.loadGeoJSON(name)) << name;
     }
