@@ -143,7 +143,7 @@ double milliseconds(steady_clock::duration time) {
     const double before = peakMegabytes();
     const auto start = steady_clock::now();
     if (hostile.path == kTap) {
-        screen.state().onGlobeTapped(41.9, 12.5);
+        screen.state().onGlobeTapped({41.9, 12.5});
         screen.state().isFetchingOnline = true;
     } else {
         screen.state().searchText = "Roma";
