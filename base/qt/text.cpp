@@ -1,11 +1,12 @@
 #include "base/text.h"
-#include "base/qt/qstring.h"
 
 #include <algorithm>
 
 #include <simdjson.h>
 #include <QList>
 #include <QString>
+
+#include "base/qt/qstring.h"
 
 namespace kalvo::base {
 

@@ -1,10 +1,10 @@
 #include "net/url.h"
-#include "base/qt/qstring.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
 
+#include "base/qt/qstring.h"
 #include "base/text.h"
 
 namespace kalvo::net {
