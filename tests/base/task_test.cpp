@@ -2,6 +2,8 @@
 
 #include <optional>
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -47,6 +49,29 @@ TEST_F(TaskScopeTest, EndsWhatIsStillUnderWayWithIt) {
     EXPECT_EQ(session.heldCount(), 0u);
     EXPECT_EQ(first, "");
 }
+
+Task<void> endScope(Task<Result<std::string>> waiting, std::optional<TaskScope>* scope) {
+    std::ignore = co_await std::move(waiting);
+    scope->reset();
+}
+
+TEST_F(TaskScopeTest, MustNotEndInsideItsOwnTasksButInsideAnothers) {
+    session.hold("own");
+    scope->start(endScope(session.get({"own", {}, {}}), &scope));
+    EXPECT_DEATH(session.release("own", "answer"), "terminate");
+    TaskScope other;
+    session.hold("others");
+    other.start(endScope(session.get({"others", {}, {}}), &scope));
+    session.release("others", "answer");
+    EXPECT_FALSE(scope);
+}
+
+// A task that is awaited twice would take its value twice.
+template <class Awaited>
+concept Awaitable = requires(detail::AwaitingPromise& promise, Awaited&& task) {
+    promise.await_transform(std::forward<Awaited>(task));
+};
+static_assert(Awaitable<Task<int>&&> && !Awaitable<Task<int>&>);
 
 }  // namespace
 }  // namespace kalvo::base
