@@ -323,7 +323,7 @@ void ContentView::calculateOffline(const Calculation& calculation) {
                               .quantity = calculation.quantity,
                               .source = calculation.source,
                               .isSkyDownloaded = false,
-                              .downloadTime = {}};
+                              .downloadTime = std::nullopt};
     updateCalculationsDisplay(place, calculation.quantity, false);
 }
 

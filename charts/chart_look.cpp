@@ -51,6 +51,22 @@ void ChartLook::fillSegment(graphics::Canvas& canvas,
     if (outline) canvas.strokeRoundedRect(seen, 0, *outline);
 }
 
+void drawHatching(graphics::Canvas& canvas, const graphics::Rect& rect) {
+    constexpr double kPitch = 2.4;  // points
+    const double right = rect.x + rect.width;
+    const double bottom = rect.y + rect.height;
+    graphics::LineBatch lines;
+    // The line of a sum rises from the left or the lower edge to the upper or the right one.
+    for (double sum = rect.x + rect.y + kPitch; sum < right + bottom; sum += kPitch) {
+        const double low = std::max(rect.x, sum - bottom);
+        const double high = std::min(right, sum - rect.y);
+        lines.beginLine();
+        lines.points.push_back({low, sum - low});
+        lines.points.push_back({high, sum - high});
+    }
+    canvas.strokeLines(lines, Color::hex("#8c8c50"), 0.24);
+}
+
 graphics::Rect intersection(const graphics::Rect& a, const graphics::Rect& b) {
     const auto [aTop, aBottom] = std::minmax({a.y, a.y + a.height});
     const auto [bTop, bBottom] = std::minmax({b.y, b.y + b.height});

@@ -31,6 +31,9 @@ struct ChartLook {
                      const graphics::Color& color) const;
 };
 
+/// Draws diagonals across a segment, by which gray print tells it from its neighbors.
+void drawHatching(graphics::Canvas& canvas, const graphics::Rect& rect);
+
 /// Returns what two rectangles have in common; its height and width are 0 where they are disjoint.
 /// A negative height hangs from its y.
 [[nodiscard]] graphics::Rect intersection(const graphics::Rect& a, const graphics::Rect& b);

@@ -31,7 +31,15 @@ void drawDayAxis(graphics::Canvas& canvas, const MonthPlot& plot, const DayAxisS
         if (days >= style.firstLine) {
             canvas.strokePath({{{{{plot.left, y}, {plot.right, y}}, false}}}, style.gridline);
         }
-        canvas.drawText(std::to_string(days) + "g", {plot.left - 12, y}, style.label);
+        const std::string text = std::to_string(days) + "g";
+        if (style.alignsLabels) {
+            // The baseline of digits lies a little more than a third of the size below their
+            // middle.
+            canvas.drawTextLine(text, {plot.left - 5, y + 0.36 * style.label.size},
+                                graphics::TextAlignment::kRight, style.label);
+        } else {
+            canvas.drawText(text, {plot.left - 12, y}, style.label);
+        }
     }
 }
 

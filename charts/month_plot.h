@@ -35,6 +35,7 @@ struct DayAxisStyle {
     graphics::Stroke gridline;
     int firstLine;  // days; the lines below are left out
     graphics::TextStyle label;
+    bool alignsLabels;  // by their right ends; else they are centered
 };
 
 /// Draws a line and a label for every fifth day from 0 to 30.

@@ -100,23 +100,6 @@ std::vector<Point> precipitationLine(const engine::SolarData& data, const MonthP
     return points;
 }
 
-/// Draws diagonals across a segment, by which it is told from its neighbors without color.
-void drawHatching(graphics::Canvas& canvas, const graphics::Rect& rect) {
-    constexpr double kPitch = 2.4;  // points
-    const double right = rect.x + rect.width;
-    const double bottom = rect.y + rect.height;
-    graphics::LineBatch lines;
-    // The line of a sum rises from the left or the lower edge to the upper or the right one.
-    for (double sum = rect.x + rect.y + kPitch; sum < right + bottom; sum += kPitch) {
-        const double low = std::max(rect.x, sum - bottom);
-        const double high = std::min(right, sum - rect.y);
-        lines.beginLine();
-        lines.points.push_back({low, sum - low});
-        lines.points.push_back({high, sum - high});
-    }
-    canvas.strokeLines(lines, Color::hex("#8c8c50"), 0.24);
-}
-
 /// Whether a point lies on a polyline that runs from left to right, give or take a few points.
 bool isNearPolyline(const std::vector<Point>& line, Point point) {
     constexpr double kReach = 3;
@@ -146,9 +129,11 @@ void SolarChartView::draw(graphics::Canvas& canvas,
     drawInChartFrame(canvas, size, look, [&] {
         const MonthPlot plot = MonthPlot::of(size);
         const Bars bars = Bars::of(plot);
-        drawDayAxis(
-            canvas, plot,
-            {.gridline = look.gridline(0.2), .firstLine = 0, .label = look.labelStyle(7, false)});
+        drawDayAxis(canvas, plot,
+                    {.gridline = look.gridline(0.2),
+                     .firstLine = 0,
+                     .label = look.labelStyle(7, false),
+                     .alignsLabels = look.isPrinted});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
             forEachSegment(
                 solarData, plot, month, [&](Condition condition, const graphics::Rect& rect) {

@@ -59,7 +59,10 @@ void WindChartView::draw(graphics::Canvas& canvas,
         graphics::Stroke gridline = look.gridline(0.3);
         gridline.dash = {2, 2};
         drawDayAxis(canvas, plot,
-                    {.gridline = gridline, .firstLine = 5, .label = look.labelStyle(8, false)});
+                    {.gridline = gridline,
+                     .firstLine = 5,
+                     .label = look.labelStyle(8, false),
+                     .alignsLabels = look.isPrinted});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
             const std::string_view name = CalculationEngine::months[month];
             canvas.drawText(name, {centerOfMonth(plot, month), plot.baseline + 12},

@@ -8,8 +8,11 @@
 #include <QTextStream>
 
 #include "app/qt/kalvo_tresk_app.h"
+#include "app/report_content.h"
 #include "base/qt/qt_clipboard.h"
 #include "base/qt/qt_url_opener.h"
+#include "report/qt/page_painter.h"
+#include "report/qt/pdf_file.h"
 #include "ui/theme.h"
 
 namespace {
@@ -34,6 +37,8 @@ void addOptions(QCommandLineParser& parser) {
                        {"map", "Choose this map, from 0.", "tab"},
                        {"details", "Choose this analysis, from 0.", "tab"},
                        {"fetching", "Show a download under way."},
+                       {"place", "Choose this entry of the place picker.", "label"},
+                       {"report", "Save the report of what is shown, a PDF file, instead."},
                        {"sheet", "Open the information sheet."}});
 }
 
@@ -52,6 +57,7 @@ void work(app::MainScreen& screen, const QCommandLineParser& options) {
         screen.redraw();
     };
     set("country", [&](const QString& name) { state.selectedCountry = name.toStdString(); });
+    set("place", [&](const QString& label) { state.selectedLocationLabel = label.toStdString(); });
     set("search", [&](const QString& text) { state.searchText = text.toStdString(); });
     set("quantity", [&](const QString& text) { state.quantityString = text.toStdString(); });
     set("map", [&](const QString& tab) { state.activeTab = tab.toInt(); });
@@ -94,8 +100,17 @@ int main(int argc, char** argv) {
     work(*qobject_cast<app::MainScreen*>(window->centralWidget()), options);
     settle();
 
-    QWidget* shown = options.isSet("sheet") ? QApplication::activeModalWidget() : window;
     const QString file = options.positionalArguments().first();
+    if (options.isSet("report")) {
+        const auto& state = qobject_cast<app::MainScreen*>(window->centralWidget())->state();
+        report::loadTabularFonts(bundle);
+        const auto saved = report::saveFile(
+            report::pdfOf(app::makeReport(state, {parser, scraper, clipboard, diagnostics, bundle},
+                                          std::chrono::system_clock::now())),
+            file);
+        return saved ? 0 : 1;
+    }
+    QWidget* shown = options.isSet("sheet") ? QApplication::activeModalWidget() : window;
     if (shown == nullptr || !shown->grab().save(file)) {
         QTextStream(stderr) << "could not save " << file << '\n';
         return 1;
