@@ -15,6 +15,13 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(14);
 }
 
+void ComboBox::openAt(int row) {
+    showPopup();
+    const QModelIndex entry = model()->index(row, modelColumn());
+    view()->setCurrentIndex(entry);
+    view()->scrollTo(entry, QAbstractItemView::PositionAtCenter);
+}
+
 void ComboBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
 }  // namespace kalvo::ui

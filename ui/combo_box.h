@@ -12,6 +12,9 @@ class ComboBox final : public QComboBox {
  public:
     explicit ComboBox(QWidget* parent = nullptr);
 
+    /// Opens the list on an entry, which Return chooses; the choice stays until then.
+    void openAt(int row);
+
  protected:
     void wheelEvent(QWheelEvent* event) override;
 };

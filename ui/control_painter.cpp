@@ -126,6 +126,10 @@ void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const
     painter.restore();
 }
 
+QRect fieldContents(const QRect& field) {
+    return field.adjusted(kFieldPadding, 0, -kFieldPadding, -kShadowHeight);
+}
+
 void paintField(const QStyleOption& option, QPainter& painter) {
     const Theme& theme = Theme::current();
     const QRectF box = option.rect.adjusted(0, 0, 0, -kShadowHeight);
@@ -152,13 +156,13 @@ void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter) {
 }
 
 void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter) {
-    const Theme& theme = Theme::current();
-    const QRect room =
-        combo.rect.adjusted(kFieldPadding, 0, -kIconSize - kFieldPadding, -kShadowHeight);
+    const QRect space = fieldContents(combo.rect).adjusted(0, 0, -kIconSize, 0);
     painter.save();
-    painter.setPen(combo.state & QStyle::State_Enabled ? theme.text : theme.tertiaryText);
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     combo.fontMetrics.elidedText(combo.currentText, Qt::ElideRight, room.width()));
+    // Which is the placeholder's color while nothing is chosen.
+    painter.setPen(combo.palette.color(QPalette::ButtonText));
+    painter.drawText(
+        space, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        combo.fontMetrics.elidedText(combo.currentText, Qt::ElideRight, space.width()));
     painter.restore();
 }
 

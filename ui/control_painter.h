@@ -15,6 +15,8 @@ namespace kalvo::ui {
 void paintButtonBox(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget);
 void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const QWidget* widget);
 
+/// The part of a field that holds its text and what stands beside it.
+[[nodiscard]] QRect fieldContents(const QRect& field);
 void paintField(const QStyleOption& option, QPainter& painter);
 void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter);
 void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter);

@@ -4,8 +4,9 @@
 #include <QIcon>
 #include <QPixmap>
 
-/// The symbols of the interface, line drawings of one color: "magnifyingglass", "doc.on.doc",
-/// "equal.circle", "info.circle", "wind.snow", "chevron.up.chevron.down". An unknown name draws
+/// The symbols of the interface, line drawings of one color: "checkmark",
+/// "chevron.up.chevron.down", "doc.on.doc", "equal.circle", "exclamationmark.triangle",
+/// "info.circle", "magnifyingglass", "wind.snow", "xmark.circle.fill". An unknown name draws
 /// nothing.
 namespace kalvo::ui {
 

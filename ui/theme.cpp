@@ -41,6 +41,8 @@ Theme lightTheme() {
         .thumbBorder = QColor(0xd3dbd7),
         .windBox = translucent(graphics::kGreen, 0.12),
         .solarBox = translucent(graphics::kYellow, 0.12),
+        .warningFill = QColor(0xfbf0e0),
+        .warningBorder = QColor(0xeed9bb),
         .tablePaper = translucent(graphics::kGray, 0.05),
     };
 }
@@ -67,6 +69,8 @@ Theme darkTheme() {
         .thumbBorder = QColor(0x46534d),
         .windBox = translucent(graphics::kGreen, 0.12),
         .solarBox = translucent(graphics::kYellow, 0.12),
+        .warningFill = QColor(0x2c2418),
+        .warningBorder = QColor(0x4b3b24),
         .tablePaper = translucent(graphics::kGray, 0.05),
     };
 }

@@ -38,8 +38,10 @@ struct Theme {
     QColor track;  // of segmented controls
     QColor thumb;
     QColor thumbBorder;
-    QColor windBox;     // green at 12 % on whatever lies below
-    QColor solarBox;    // yellow at 12 %
+    QColor windBox;   // green at 12 % on whatever lies below
+    QColor solarBox;  // yellow at 12 %
+    QColor warningFill;
+    QColor warningBorder;
     QColor tablePaper;  // gray at 5 %
 
     /// The appearance of this run. Dark is decided once, from the lightness of the desktop's

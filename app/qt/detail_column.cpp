@@ -1,7 +1,10 @@
 #include "app/qt/detail_column.h"
 
+#include <QTimerEvent>
 #include <QWheelEvent>
 
+#include "base/qt/qstring.h"
+#include "base/shown_text.h"
 #include "ui/divider.h"
 
 namespace kalvo::app {
@@ -22,13 +25,17 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
     // While it is empty: taking in a page measures it.
     setWidget(page);
     layout_ = new DetailLayout(*this, page);
+    notice_ = new ui::Notice(ui::Notice::Kind::kWarning, page);
     constexpr QMargins kMapPadding(16, 16, 16, 16);  // points
     constexpr QMargins kAnalysisPadding(8, 8, 8, 8);
     layout_->addFixed(map_, kMapPadding);
     layout_->addMap(area_);
     layout_->addFixed(new ui::Divider, {});
     layout_->addFixed(analysis_, kAnalysisPadding);
+    constexpr QMargins kNoticePadding(8, 0, 8, 0);
+    layout_->addFixed(notice_, kNoticePadding);
     layout_->addDetails(details_);
+    showNotice();
     for (int i = 0; i < area_->count(); ++i) area_->widget(i)->installEventFilter(this);
 
     connect(map_, &ui::SegmentedControl::indexChosen, this, [this](int index) {
@@ -52,6 +59,30 @@ void DetailColumn::showState() {
                        .currentSolarData = state_.currentSolarData,
                        .pvDetailsText = state_.pvDetailsText,
                        .pvResultText = state_.pvResultText});
+    followNotice();
+}
+
+void DetailColumn::followNotice() {
+    constexpr int kDelay = 250;  // milliseconds
+    const bool isDue = !state_.notice().empty();
+    if (isDue && notice_->isHidden()) {
+        if (!noticeTimer_.isActive()) noticeTimer_.start(kDelay, this);
+    } else {
+        noticeTimer_.stop();
+        showNotice();
+    }
+}
+
+void DetailColumn::showNotice() {
+    const QString text = base::toQString(base::shownText(state_.notice()));
+    if (!text.isEmpty()) notice_->setText(text);
+    notice_->setVisible(!text.isEmpty());
+}
+
+void DetailColumn::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != noticeTimer_.timerId()) return ScrollPage::timerEvent(event);
+    noticeTimer_.stop();
+    showNotice();
 }
 
 bool DetailColumn::eventFilter(QObject* object, QEvent* event) {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QBasicTimer>
+
 #include "app/content_view.h"
 #include "app/qt/detail_layout.h"
 #include "app/qt/map_area.h"
 #include "charts/qt/details_notebook_widget.h"
+#include "ui/notice.h"
 #include "ui/scroll_page.h"
 #include "ui/segmented_control.h"
 
@@ -27,14 +30,22 @@ class DetailColumn final : public ui::ScrollPage {
  protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
  private:
+    /// Says whose figures the details show: a moment after there is reason to, so that typing does
+    /// not shake the map, and no longer.
+    void followNotice();
+    void showNotice();
+
     ContentView& state_;
     ui::SegmentedControl* map_;
     MapArea* area_;
     ui::SegmentedControl* analysis_;
     charts::DetailsNotebookWidget* details_;
     DetailLayout* layout_;
+    ui::Notice* notice_;
+    QBasicTimer noticeTimer_;
 };
 
 }  // namespace kalvo::app

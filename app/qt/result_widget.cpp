@@ -1,16 +1,17 @@
 #include "app/qt/result_widget.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
+#include <QTimerEvent>
 #include <QVBoxLayout>
 
 #include "base/qt/qstring.h"
 #include "base/shown_text.h"
+#include "ui/announcement.h"
 #include "ui/divider.h"
 #include "ui/icons.h"
+#include "ui/paint.h"
 #include "ui/spinner.h"
 #include "ui/theme.h"
-#include "ui/tinted_label.h"
 
 namespace kalvo::app {
 
@@ -46,8 +47,7 @@ void showText(QLabel& label, const std::string& text) {
     // Else the longest word, which may be a place's country code, would widen the column.
     label.setText(withNonBreakingUnits(base::toQString(base::withLineBreakOpportunities(text))));
     label.setAccessibleName(read);
-    QAccessibleEvent announcement(&label, QAccessible::Alert);
-    QAccessible::updateAccessibility(&announcement);
+    ui::announce(label);
 }
 
 }  // namespace
@@ -66,8 +66,8 @@ QWidget* ResultWidget::makeTexts() {
     const ui::Theme& theme = ui::Theme::current();
     auto* page = new QWidget;
     QVBoxLayout* column = makeColumn(page, 6);
-    details_ =
-        ui::makeLabel(QString(), FontStyle::kCaption, FontWeight::kRegular, TextRole::kSecondary);
+    details_ = new ui::SelectableLabel;
+    ui::setTextStyle(*details_, FontStyle::kCaption, FontWeight::kRegular, TextRole::kSecondary);
     details_->setWordWrap(true);
     result_ = new ui::TintedLabel(ui::font(FontStyle::kBody, FontWeight::kBold), theme.windBox);
     solarResult_ =
@@ -99,22 +99,22 @@ QWidget* ResultWidget::makeProgress() {
     return page;
 }
 
-QLayout* ResultWidget::makeButtons() const {
-    auto* copy = new QPushButton(ui::symbolIcon(QStringLiteral("doc.on.doc")),
-                                 QStringLiteral("Copia &Risultato"));
+QLayout* ResultWidget::makeButtons() {
+    copy_ = new QPushButton(ui::symbolIcon(QStringLiteral("doc.on.doc")),
+                            QStringLiteral("Copia &Risultato"));
     auto* calculate =
         new QPushButton(ui::symbolIcon(QStringLiteral("equal.circle")), QStringLiteral("C&alcola"));
     calculate->setProperty("prominent", true);
     auto* information = new QPushButton(ui::symbolIcon(QStringLiteral("info.circle")), QString());
     information->setAccessibleName(QStringLiteral("Informazioni"));
     information->setToolTip(QStringLiteral("Informazioni (F1)"));
-    connect(copy, &QPushButton::clicked, this, &ResultWidget::copyRequested);
+    connect(copy_, &QPushButton::clicked, this, &ResultWidget::copyRequested);
     connect(calculate, &QPushButton::clicked, this, &ResultWidget::calculationRequested);
     connect(information, &QPushButton::clicked, this, &ResultWidget::informationRequested);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
-    for (QPushButton* button : {copy, calculate, information}) row->addWidget(button);
+    for (QPushButton* button : {copy_, calculate, information}) row->addWidget(button);
     row->addStretch();
     return row;
 }
@@ -122,8 +122,35 @@ QLayout* ResultWidget::makeButtons() const {
 void ResultWidget::showState(const ContentView& state) {
     pages_->setCurrentWidget(state.isFetchingOnline ? progress_ : texts_);
     showText(*details_, base::shownText(state.detailsText));
+    result_->setWarning(state.showsMessage());
     showText(*result_, state.resultText);
     showText(*solarResult_, state.pvResultText);
+}
+
+void ResultWidget::acknowledgeCopy() {
+    constexpr int kBelow = 6;  // points
+    constexpr int kAbove = 4;
+    constexpr int kMilliseconds = 2000;
+    if (copied_ == nullptr) {
+        copied_ = new ui::Notice(ui::Notice::Kind::kConfirmation, window());
+        copied_->setText(QStringLiteral("Risultato copiato"));
+        copied_->resize(copied_->sizeHint());
+    }
+    const QPoint button = copy_->mapTo(window(), QPoint());
+    int top = button.y() + ui::kControlHeight + kBelow;
+    if (top + copied_->height() > window()->height()) {
+        top = button.y() - kAbove - copied_->height();
+    }
+    copied_->move(button.x(), top);
+    copied_->raise();
+    copied_->show();
+    copiedTimer_.start(kMilliseconds, Qt::PreciseTimer, this);
+}
+
+void ResultWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != copiedTimer_.timerId()) return QWidget::timerEvent(event);
+    copiedTimer_.stop();
+    copied_->hide();
 }
 
 }  // namespace kalvo::app

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QLabel>
+#include <QBasicTimer>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QWidget>
 
 #include "app/content_view.h"
+#include "ui/notice.h"
+#include "ui/tinted_label.h"
 
 namespace kalvo::app {
 
@@ -19,23 +21,31 @@ class ResultWidget final : public QWidget {
 
     /// Shows the texts of the state. What has changed is announced to screen readers.
     void showState(const ContentView& state);
+    /// Tells for two seconds, over whatever stands below the button, that the result was copied.
+    void acknowledgeCopy();
 
  signals:
     void copyRequested();
     void calculationRequested();
     void informationRequested();
 
+ protected:
+    void timerEvent(QTimerEvent* event) override;
+
  private:
     [[nodiscard]] QWidget* makeTexts();
     [[nodiscard]] QWidget* makeProgress();
-    [[nodiscard]] QLayout* makeButtons() const;
+    [[nodiscard]] QLayout* makeButtons();
 
     QStackedWidget* pages_;
     QWidget* texts_;
     QWidget* progress_;
-    QLabel* details_;
-    QLabel* result_;
-    QLabel* solarResult_;
+    ui::SelectableLabel* details_;
+    ui::TintedLabel* result_;
+    ui::TintedLabel* solarResult_;
+    QPushButton* copy_;
+    ui::Notice* copied_ = nullptr;  // once something was copied
+    QBasicTimer copiedTimer_;
 };
 
 }  // namespace kalvo::app

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 
 #include "base/qt/qstring.h"
+#include "ui/announcement.h"
 #include "ui/divider.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
@@ -40,11 +41,9 @@ QVBoxLayout* makeGroup() {
     return group;
 }
 
-QLineEdit* makeField(const QString& placeholder) {
-    auto* field = new QLineEdit;
-    field->setMaxLength(kLongestEntry);
-    field->setPlaceholderText(placeholder);
-    return field;
+void setUpField(QLineEdit& field, const QString& placeholder) {
+    field.setMaxLength(kLongestEntry);
+    field.setPlaceholderText(placeholder);
 }
 
 QLabel* makeAttribution() {
@@ -156,7 +155,8 @@ QLayout* SidebarWidget::makeTurbineGroup() {
 }
 
 QLayout* SidebarWidget::makeQuantityGroup() {
-    quantity_ = makeField(QStringLiteral("Quantità"));
+    quantity_ = new ui::NotedField;
+    setUpField(*quantity_, QStringLiteral("Quantità"));
     QVBoxLayout* group = makeGroup();
     group->addWidget(makeTitle(QStringLiteral("&Quantità Turbine"), quantity_));
     group->addWidget(quantity_);
@@ -164,7 +164,8 @@ QLayout* SidebarWidget::makeQuantityGroup() {
 }
 
 QLayout* SidebarWidget::makeSearchGroup() {
-    search_ = makeField(QStringLiteral("Digita comune o città..."));
+    search_ = new ui::SearchField;
+    setUpField(*search_, QStringLiteral("Digita comune o città..."));
     searchButton_ = new QPushButton(ui::symbolIcon(QStringLiteral("magnifyingglass")),
                                     QStringLiteral("Cerca Online &su Meteoblue"));
     searchButton_->setProperty("prominent", true);
@@ -203,12 +204,16 @@ void SidebarWidget::connectControls() {
     connect(search_, &QLineEdit::returnPressed, this, [this] {
         if (state_.selectedCountry == kOnlineCountry) searchOnline();
     });
+    connect(search_, &ui::SearchField::listRequested, this, &SidebarWidget::openPlaces);
     connect(searchButton_, &QPushButton::clicked, this, [this] { searchOnline(); });
     connect(place_, &QComboBox::activated, this, [this](int row) {
         state_.selectedLocationLabel = places_->name(row);
         emit edited();
     });
-    connect(result_, &ResultWidget::copyRequested, this, [this] { state_.copyResult(); });
+    connect(result_, &ResultWidget::copyRequested, this, [this] {
+        state_.copyResult();
+        result_->acknowledgeCopy();
+    });
     connect(result_, &ResultWidget::calculationRequested, this, [this] {
         state_.calculate();
         emit edited();
@@ -242,12 +247,27 @@ void SidebarWidget::showState() {
     online_->setChecked(state_.isOnlineMode);
     turbine_->setIndex(state_.selectedTurbineKW - 1);
     showText(*quantity_, state_.quantityString);
+    quantity_->setNote(state_.quantityCountsAsOne() ? QStringLiteral("Conta come 1") : QString());
     showText(*search_, state_.searchText);
     searchButton_->setVisible(state_.selectedCountry == kOnlineCountry);
+    showPlaces();
+    result_->showState(state_);
+}
+
+void SidebarWidget::showPlaces() {
     // Of a list that is open, the rows and the choice would be those of the names before.
     if (places_->setNames(state_.filteredLocationNames)) place_->hidePopup();
     place_->setCurrentIndex(places_->rowOf(state_.selectedLocationLabel));
-    result_->showState(state_);
+    const QString missing =
+        state_.searchFoundNothing() ? QStringLiteral("Nessuna località trovata") : QString();
+    if (missing == place_->placeholderText()) return;
+    place_->setPlaceholderText(missing);
+    place_->setAccessibleDescription(missing);
+    if (!missing.isEmpty()) ui::announce(*place_);
+}
+
+void SidebarWidget::openPlaces() {
+    if (const auto row = state_.bestMatch()) place_->openAt(static_cast<int>(*row));
 }
 
 void SidebarWidget::showFlag() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -9,7 +8,9 @@
 #include "app/qt/result_widget.h"
 #include "ui/combo_box.h"
 #include "ui/image_view.h"
+#include "ui/noted_field.h"
 #include "ui/scroll_page.h"
+#include "ui/search_field.h"
 #include "ui/segmented_control.h"
 
 namespace kalvo::app {
@@ -47,6 +48,9 @@ class SidebarWidget final : public ui::ScrollPage {
     void chooseSource(bool isOnline, bool isSwitchedOn);
     void searchOnline();
     void showFlag();
+    void showPlaces();
+    /// Opens the place list on the place that the search means.
+    void openPlaces();
     void fitMargins();
 
     ContentView& state_;
@@ -58,8 +62,8 @@ class SidebarWidget final : public ui::ScrollPage {
     QPushButton* offline_;
     QPushButton* online_;
     ui::SegmentedControl* turbine_;
-    QLineEdit* quantity_;
-    QLineEdit* search_;
+    ui::NotedField* quantity_;
+    ui::SearchField* search_;
     QPushButton* searchButton_;
     ui::ComboBox* place_;
     PlaceListModel* places_;

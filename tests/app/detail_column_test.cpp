@@ -5,6 +5,7 @@
 #include <QScrollBar>
 
 #include "tests/app/screen_fixture.h"
+#include "ui/notice.h"
 
 namespace kalvo::app {
 namespace {
@@ -135,6 +136,25 @@ TEST_F(DetailColumnTest, TheWheelScrollsALowColumnAndZoomsTheMapOfAHighOne) {
     resizeTo({1000, 800});
     turn(Qt::NoModifier);
     EXPECT_DOUBLE_EQ(zoom(), 1.25);
+}
+
+TEST_F(DetailColumnTest, SaysWhoseFiguresAreShownAMomentAfterThereIsReason) {
+    auto* notice = window->findChild<ui::Notice*>();
+    EXPECT_TRUE(notice->isVisible()) << "from the first frame";
+    EXPECT_EQ(notice->accessibleName().toStdString(), "Valori di esempio: scegli una località");
+    choose("Nazione", "Italia");
+    EXPECT_FALSE(notice->isVisible());
+
+    auto* search = named<QLineEdit>(QString::fromUtf8("Cerca Località"));
+    QTest::keyClicks(search, "abano t?");
+    EXPECT_FALSE(notice->isVisible()) << "typing does not shake the map";
+    QTest::keyClick(search, Qt::Key_Backspace);
+    QTest::qWait(300);
+    EXPECT_FALSE(notice->isVisible()) << "the reason has gone";
+    QTest::keyClicks(search, "?");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notice->isVisible(); }, 2000));
+    EXPECT_EQ(notice->accessibleName(), "Valori dell'ultimo calcolo: Abano Terme (PD)");
+    EXPECT_EQ(notice->height(), 28);
 }
 
 TEST_F(DetailColumnTest, WhateverTheTabulatorReachesComesIntoView) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <gmock/gmock.h>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRadioButton>
@@ -10,6 +11,8 @@
 #include "tests/app/screen_fixture.h"
 #include "tests/support/pictures.h"
 #include "ui/image_view.h"
+#include "ui/notice.h"
+#include "ui/tinted_label.h"
 
 namespace kalvo::app {
 namespace {
@@ -98,6 +101,51 @@ TEST_F(ScreenTest, TypingNarrowsThePlacesAndThePickerFollowsTheKeyboard) {
     EXPECT_THAT(state().detailsText, StartsWith("Valle d'Aosta"));
 }
 
+TEST_F(ScreenTest, TheSearchFieldOpensTheListOnTheBestMatchAndClears) {
+    choose("Nazione", "Italia");
+    auto* search = named<QLineEdit>(text("Cerca Località"));
+    auto* places = named<QComboBox>(text("Località Selezionata"));
+    search->setFocus();
+    QTest::keyClicks(search, "roma");
+    EXPECT_THAT(places->currentText().toStdString(), StartsWith("Arcinazzo Romano"));
+    QTest::keyClick(search, Qt::Key_Down);
+    ASSERT_TRUE(places->view()->isVisible());
+    QTest::keyClick(places->view(), Qt::Key_Escape);
+    EXPECT_THAT(state().selectedLocationLabel, StartsWith("Arcinazzo Romano"));
+    QTest::keyClick(search, Qt::Key_Down);
+    QTest::keyClick(places->view(), Qt::Key_Return);
+    EXPECT_THAT(state().selectedLocationLabel, StartsWith("Roma (RM)"));
+    EXPECT_TRUE(search->hasFocus());
+
+    QTest::keyClicks(search, "?");
+    EXPECT_EQ(places->placeholderText(), text("Nessuna località trovata"));
+    EXPECT_EQ(places->accessibleDescription(), places->placeholderText());
+    EXPECT_EQ(places->count(), 0) << "it is no entry";
+    QTest::keyClick(search, Qt::Key_Down);
+    EXPECT_FALSE(places->view()->isVisible());
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_EQ(state().searchText, "");
+    EXPECT_EQ(places->count(), 7896);
+    EXPECT_TRUE(places->placeholderText().isEmpty());
+    QTest::keyClicks(search, "x");
+    click("Cancella");
+    EXPECT_EQ(state().searchText, "");
+    EXPECT_FALSE(named<QAbstractButton>("Cancella")->isVisible());
+}
+
+TEST_F(ScreenTest, ResultsAreCopiedAsTheyAreRead) {
+    choose("Nazione", "Italia");
+    click("Copia Risultato");
+    auto* copied = named<ui::Notice>("Risultato copiato");
+    EXPECT_TRUE(copied->isVisible());
+    for (auto* result : window->findChildren<ui::TintedLabel*>()) {
+        QTest::keyClick(result, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text(), result->accessibleName());
+    }
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), state().pvResultText);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !copied->isVisible(); }, 4000));
+}
+
 TEST_F(ScreenTest, TheTurbineSizeAndEveryKeystrokeOfTheQuantityCalculate) {
     choose("Nazione", "Italia");
     click("3 kW");
@@ -112,8 +160,10 @@ TEST_F(ScreenTest, TheTurbineSizeAndEveryKeystrokeOfTheQuantityCalculate) {
     EXPECT_TRUE(shows(*window, text("Inserisci una quantità valida.")));
     QTest::keyClick(field, Qt::Key_Backspace);
     EXPECT_EQ(state().resultText, one) << "an empty field counts as one turbine";
+    EXPECT_EQ(field->accessibleDescription(), "Conta come 1");
     QTest::keyClicks(field, "12");
     EXPECT_NE(state().resultText, one);
+    EXPECT_TRUE(field->accessibleDescription().isEmpty());
     EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
 }
 

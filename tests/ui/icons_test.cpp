@@ -29,7 +29,8 @@ int inkOf(const QImage& image, const QColor& color) {
 TEST(Symbols, AreDrawnInOneColorAtEveryScale) {
     const QColor color(11, 122, 83);
     for (const char* name : {"magnifyingglass", "doc.on.doc", "equal.circle", "info.circle",
-                             "wind.snow", "chevron.up.chevron.down"}) {
+                             "wind.snow", "chevron.up.chevron.down", "checkmark",
+                             "exclamationmark.triangle", "xmark.circle.fill"}) {
         for (const double scale : {1.0, 1.5, 3.0}) {
             const QPixmap symbol = symbolPixmap(QString::fromUtf8(name), 16, color, scale);
             EXPECT_EQ(symbol.width(), static_cast<int>(16 * scale));
