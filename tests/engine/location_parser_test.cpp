@@ -109,6 +109,9 @@ TEST_F(CatalogueLoading, FindsColumnsByTheirNames) {
         EXPECT_EQ(place.kwh1kw, kwh1kw) << what;
         EXPECT_EQ(place.latitude, latitude) << what;
     }
+    const Location byPosition = onlyPlace("luogo;provincia;regione\n", "Roma;RM;Lazio;1;8;9");
+    EXPECT_EQ(byPosition.kwh2kw, 8);
+    EXPECT_EQ(byPosition.kwh3kw, 9);
 }
 
 TEST_F(CatalogueLoading, TakesANumberAsAWholeOrNotAtAll) {

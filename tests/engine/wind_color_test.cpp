@@ -1,5 +1,3 @@
-#include "engine/wind_scale.h"
-
 #include <cmath>
 #include <limits>
 
@@ -13,13 +11,6 @@ namespace {
 using graphics::Color;
 
 Color rgb(double red, double green, double blue) { return {red / 255, green / 255, blue / 255, 1}; }
-
-TEST(WindScale, YieldAndMeanSpeedAreOneLine) {
-    EXPECT_EQ(meanSpeed(2800), 8);
-    EXPECT_EQ(meanSpeed(5900), 20);
-    EXPECT_EQ(yieldFromMeanSpeed(20), 5900);
-    EXPECT_EQ(yieldFromMeanSpeed(5), 2025);
-}
 
 TEST(WindColor, RunsThroughTheStopsOfItsRamp) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
