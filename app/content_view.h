@@ -91,44 +91,49 @@ class ContentView {
     /// Called when a step of an operation that had to wait has changed the state.
     std::function<void()> onChanged;
 
-    /// Start-up; runs once, when the main screen is first shown.
+    /// Starts up: loads the catalogue and calculates. Runs once, when the main screen is first
+    /// shown.
     void initializeDatabase();
-    /// After the user has changed `selectedCountry`.
+    /// Follows a change of `selectedCountry` by the user: lists its places, selects the first and
+    /// calculates.
     void onCountryChanged(const std::string& country);
     /// Loads the outlines of a country of the catalogue and finds each province's highest yield.
     void loadGeoMapsForCountry(const std::string& country);
 
-    /// The image file of a country's flag or of the logo, or nothing.
+    /// Returns the image file of a country's flag or of the logo; nothing where there is none.
     [[nodiscard]] std::optional<std::filesystem::path> flagImage(std::string_view country) const;
     [[nodiscard]] std::optional<std::filesystem::path> loadLogoImage() const;
 
-    /// The labels of the chosen country's catalogue places, by code point.
+    /// Returns the labels of the chosen country's catalogue places, by code point.
     [[nodiscard]] std::vector<std::string> getFilteredLocationNames() const;
-    /// Narrows the place list to the labels that contain the text, in any letter case.
+    /// Narrows the place list of a catalogue country to the labels that contain the text, in any
+    /// letter case, and calculates for the first.
     void filterLocations(std::string_view query);
+    /// Starts to search online for `searchText`; the first place found is selected and calculated.
     void performOnlineSearch();
+    /// Marks a tapped point of the globe and starts to search online for its name.
     void onGlobeTapped(engine::LatLon point);
 
-    /// Whether a search has left the place list empty.
+    /// Returns whether a search has left the place list empty.
     [[nodiscard]] bool searchFoundNothing() const;
-    /// The position in `filteredLocationNames` of the place that `searchText` means: one of exactly
-    /// that name (without province and station, in any letter case), else the first whose name
-    /// begins so, else the first. Nothing in an empty list.
+    /// Returns the position in `filteredLocationNames` of the place that `searchText` means: one of
+    /// exactly that name (without province and station, in any letter case), else the first whose
+    /// name begins so, else the first. Nothing in an empty list.
     [[nodiscard]] std::optional<std::size_t> bestMatch() const;
 
-    /// Whether `resultText` is a validation message and not a result.
+    /// Returns whether `resultText` is a validation message and not a result.
     [[nodiscard]] bool showsMessage() const;
-    /// Whether `quantityString`, which is no whole number, counts as 1.
+    /// Returns whether `quantityString` counts as 1 because it is no whole number.
     [[nodiscard]] bool quantityCountsAsOne() const;
     /// Says whose figures the data sets and charts hold when the choices do not tell: "Valori di
     /// esempio: scegli una località" or "Valori dell'ultimo calcolo: Trapani (TP)", the place's
     /// name whole, whatever it holds. Empty when there is nothing to say.
     [[nodiscard]] std::string notice() const;
 
-    /// The chosen place, or null.
+    /// Returns the chosen place, or null.
     [[nodiscard]] const engine::Location* selectedPlace() const;
-    /// The mean wind of a catalogue place and its main station; nothing for any other place. The
-    /// first call reads the table of stations.
+    /// Returns the mean wind of a catalogue place and its main station; nothing for any other
+    /// place. The first call reads the table of stations.
     [[nodiscard]] std::optional<engine::WindEstimate> windEstimate(
         const engine::Location& place) const;
 

@@ -152,11 +152,11 @@ base::Result<std::string> LocationParser::readText(const std::filesystem::path& 
 }
 
 void LocationParser::prefetchLocations() {
-    readAhead_ = std::async([this] { return readCatalogue(); });
+    prefetched_ = std::async([this] { return readCatalogue(); });
 }
 
 Catalogue LocationParser::loadLocations() {
-    CatalogueReading catalogue = readAhead_.valid() ? readAhead_.get() : readCatalogue();
+    CatalogueReading catalogue = prefetched_.valid() ? prefetched_.get() : readCatalogue();
     if (!catalogue) {
         diagnostics_.print(catalogue.error());
         return {};

@@ -19,7 +19,7 @@
 
 namespace kalvo::engine {
 
-/// Reads the data files that ship with the application. It never fails towards its caller: what
+/// Reads the data files that ship with the application. It never fails to its caller: what
 /// cannot be read gives an empty or absent result and one diagnostic line. Used on the
 /// user-interface thread only.
 class LocationParser {
@@ -60,7 +60,7 @@ class LocationParser {
 
     const base::Bundle& bundle_;
     base::Diagnostics& diagnostics_;
-    std::future<CatalogueReading> readAhead_;
+    std::future<CatalogueReading> prefetched_;
     std::optional<std::vector<CountryRing>> worldRings_;
     std::optional<Stations> stations_;
 };
