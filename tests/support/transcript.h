@@ -18,10 +18,11 @@ inline std::string readFile(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Checks a transcript: the file `name` below tests/ with questions, whose lines begin with "> ",
-/// each followed by the lines that `answer` must give it, indented by two blanks. Other lines are
-/// comments. Where an answer differs, the transcript as it would be is left in the temporary
-/// folder, for a look and, if it is right, to replace the file.
+/// Checks a transcript: the file `name` below tests/ with questions, each followed by the lines
+/// that `answer` must give it, indented by two blanks. The lines of a question begin with "> "; one
+/// that begins with "? " ends it. Other lines are comments. Where an answer differs, the transcript
+/// as it would be is left in the temporary folder, for a look and, if it is right, to replace the
+/// file.
 inline void expectTranscript(const std::string& name,
                              const std::function<std::string(const std::string&)>& answer) {
     const std::string expected = readFile(name);
@@ -37,13 +38,13 @@ inline void expectTranscript(const std::string& name,
         question.clear();
     };
     for (std::string line; std::getline(file, line);) {
-        if (line.starts_with("> ")) {
-            question += line.substr(2) + "\n";
-        } else {
-            reply();
-            if (line.starts_with("  ")) continue;
-        }
+        const bool isLast = line.starts_with("? ");
+        const bool asks = isLast || line.starts_with("> ");
+        if (!asks) reply();
+        if (line.starts_with("  ")) continue;
         actual += line + "\n";
+        if (asks) question += line.substr(2) + "\n";
+        if (isLast) reply();
     }
     reply();
     if (actual == expected) return;
