@@ -23,8 +23,9 @@ base::Result<Stations> Stations::read(std::string_view table) {
         const auto lat = base::parseDouble(row[2]);
         const auto lon = base::parseDouble(row[3]);
         const auto meanWind = base::parseDouble(row[4]);
-        if (!lat || !lon || !meanWind) {
-            return base::Failure({"Stations", 1, "a faulty number: " + std::string(row[1])});
+        const bool isUseKnown = row[5] == "G" || row[5] == "L";
+        if (!lat || !lon || !meanWind || !isUseKnown) {
+            return base::Failure({"Stations", 1, "a faulty line: " + std::string(row[1])});
         }
         stations.push_back({.code = std::string(row[0]),
                             .name = std::string(row[1]),

@@ -35,8 +35,11 @@ TEST(Stations, ReadsItsTable) {
                                                      .years = "1978-2008"}));
     EXPECT_FALSE(stations->find("LICT")->isExposed);
     EXPECT_EQ(stations->find("Trapani Birgi"), nullptr);
-    EXPECT_EQ(read("LICT;Trapani Birgi;37.9142;est;4.22;G;x\n").error().message,
-              "a faulty number: Trapani Birgi");
+    for (const char* faulty :
+         {"LICT;Birgi;x;12.4914;4.22;G;x\n", "LICT;Birgi;37.9142;;4.22;G;x\n",
+          "LICT;Birgi;37.9142;12.4914;-;L;x\n", "LICT;Birgi;37.9142;12.4914;4.22;M;x\n"}) {
+        EXPECT_EQ(read(faulty).error().message, "a faulty line: Birgi") << faulty;
+    }
     EXPECT_FALSE(Stations::read("nome;latitude\n"));
 }
 
