@@ -1,12 +1,9 @@
-// Sequences of user actions on the state, without a window: each file of recordings/ holds lines
-// "> action argument" and, under each, what it changed in the state. The network stands still:
-// a request waits until the action "answer" gives it a document.
+// The state without a window: each transcript is a sequence of user actions, each with all that it
+// changed. The network stands still: a request waits until "answer PART DOCUMENT" gives the one
+// whose address has this part a document of answers/.
 
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <numbers>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -14,34 +11,10 @@
 #include "tests/app/test_services.h"
 #include "tests/support/scripted_session.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/transcript.h"
 
 namespace kalvo::app {
 namespace {
-
-const std::filesystem::path kFolder = KALVO_SOURCE_DIR "/tests/app";
-
-/// The documents that "answer" knows, by the name in front of the part of the address that it
-/// takes.
-const std::map<std::string, std::string> kDocuments{
-    {"two-places",
-     R"({"results":[{"name":"Roma","country":"Italy","lat":41.9,"lon":12.5,"url":"roma","iso2":"IT"},)"
-     R"({"name":"Rome","country":"USA","lat":34.25,"lon":-85.16,"url":"rome","iso2":"US"}]})"},
-    {"namesakes",
-     R"({"results":[{"name":"Oz","country":"Oz","lat":1,"lon":2,"url":"first","iso2":"AA"},)"
-     R"({"name":"Oz","country":"Oz","lat":1,"lon":2,"url":"last","iso2":"ZZ"}]})"},
-    {"no-places", R"({"results":[]})"},
-    {"name", R"({"address":{"city":"Atlanta"}})"},
-    {"no-name", "{}"},
-    {"page", R"(<a id="blooimage" data-url="//c.test/speeds?wind_speeds">)"
-             R"(<a id="blooimage" data-url="//c.test/rose?wind_rose">)"
-             R"(<a id="blooimage" data-url="//c.test/clouds?cloud_coverage">)"},
-    {"page-without-sky", R"(<a id="blooimage" data-url="//c.test/speeds?wind_speeds">)"
-                         R"(<a id="blooimage" data-url="//c.test/rose?wind_rose">)"},
-    {"page-without-charts", "<html></html>"},
-    {"speeds", R"({"series":[{"name":"20-30 km/h","data":[5,2,2,2,2,2,2,2,2,2,2,2]}]})"},
-    {"rose", R"({"series":[{"name":"20-30 km/h","data":[7,6]}]})"},
-    {"clouds", R"({"series":[{"name":"Sunny","data":[10,10,10,10,10,10,12]}]})"},
-};
 
 std::string oneLine(std::string text) {
     for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos;) {
@@ -88,17 +61,9 @@ std::string figuresOf(const ContentView& state) {
 /// The state's fields as texts. Of a year of data two months and two sectors are told: enough to
 /// see what they were made from.
 std::map<std::string, std::string> fieldsOf(const ContentView& state) {
-    const auto days = [&](const char* month) {
-        const auto found = state.currentDistribution.find(month);
-        return found == state.currentDistribution.end()
-                   ? std::string("none")
-                   : fmt::format("{}", fmt::join(found->second, " "));
-    };
-    const auto hours = [&](int sector) {
-        const auto found = state.currentRoseData.find(sector);
-        return found == state.currentRoseData.end()
-                   ? std::string("none")
-                   : fmt::format("{}", fmt::join(found->second, " "));
+    const auto counts = [](const auto& all, const auto& key) {
+        const auto found = all.find(key);
+        return found == all.end() ? "none" : fmt::format("{}", fmt::join(found->second, " "));
     };
     const auto sky = [&](std::size_t month) {
         const engine::SolarData& data = state.currentSolarData;
@@ -135,24 +100,33 @@ std::map<std::string, std::string> fieldsOf(const ContentView& state) {
         {"details", state.detailsText},
         {"pv result", oneLine(state.pvResultText)},
         {"pv details", oneLine(state.pvDetailsText)},
-        {"wind", "Gen " + days("Gen") + ", Lug " + days("Lug")},
-        {"rose", "N " + hours(0) + ", NNE " + hours(1)},
+        {"wind", "Gen " + counts(state.currentDistribution, "Gen") + ", Lug " +
+                     counts(state.currentDistribution, "Lug")},
+        {"rose",
+         "N " + counts(state.currentRoseData, 0) + ", NNE " + counts(state.currentRoseData, 1)},
         {"sky", "Gen " + sky(0) + ", Lug " + sky(6)},
     };
 }
 
-class ContentViewRecording : public testing::TestWithParam<std::string>,
-                             protected TestServices<tests::ScriptedSession> {
+class ContentViewTranscript : public testing::TestWithParam<std::string>,
+                              protected TestServices<tests::ScriptedSession> {
  protected:
-    ContentViewRecording() : TestServices(kFolder / "resources") {
+    ContentViewTranscript() : TestServices(KALVO_SOURCE_DIR "/tests/app/resources") {
         session.holdEverything();
         state.onChanged = [this] {
-            transcript += "  redraws\n";
+            changes += "redraws\n";
             events.dispatch();
         };
     }
 
-    void perform(const std::string& action, const std::string& argument) {
+    /// Does what a line says and returns what it changed.
+    std::string perform(const std::string& line) {
+        changes.clear();
+        const std::size_t end = std::min(line.find(' '), line.size());
+        const std::string action = line.substr(0, end);
+        std::string argument = line.substr(std::min(end + 1, line.size()));
+        if (argument.starts_with('"')) argument = argument.substr(1, argument.size() - 2);
+        const std::size_t blank = std::min(argument.find(' '), argument.size());
         if (action == "start") state.initializeDatabase();
         if (action == "country") state.selectedCountry = argument;
         if (action == "type") state.searchText = argument;
@@ -167,73 +141,54 @@ class ContentViewRecording : public testing::TestWithParam<std::string>,
             state.calculate();
         }
         if (action == "tap") {
-            const std::size_t blank = argument.find(' ');
             state.onGlobeTapped({std::stod(argument), std::stod(argument.substr(blank))});
         }
-        if (action == "answer") answer(argument);
+        if (action == "answer") answer(argument.substr(0, blank), argument.substr(blank + 1));
         events.dispatch();
+        addChanges();
+        return changes;
     }
 
-    void answer(const std::string& argument) {
-        const std::size_t blank = argument.find(' ');
-        const std::string document = argument.substr(blank + 1);
+    void answer(const std::string& part, const std::string& document) {
         for (const std::string& url : session.waiting()) {
-            if (url.find(argument.substr(0, blank)) == std::string::npos) continue;
+            if (url.find(part) == std::string::npos) continue;
             session.release(url, document == "failure"
                                      ? tests::ScriptedSession::failure("no network")
-                                     : kDocuments.at(document));
+                                     : tests::readFile("app/answers/" + document));
             return;
         }
-        transcript += "  nothing waits for that\n";
+        changes += "nothing waits for that\n";
     }
 
-    /// Writes what has changed since the last call.
-    void record() {
+    void addChanges() {
         const auto fields = fieldsOf(state);
         for (const auto& [name, value] : fields) {
-            if (known[name] != value) transcript += "  " + name + ": " + value + "\n";
+            if (known[name] != value) changes += name + ": " + value + "\n";
         }
         known = fields;
         for (; knownRequests < session.requests().size(); ++knownRequests) {
-            transcript += "  asks: " + session.requests()[knownRequests].url + "\n";
+            changes += "asks: " + session.requests()[knownRequests].url + "\n";
         }
-        for (; knownLines < diagnostics.lines.size(); ++knownLines) {
-            transcript += "  prints: " + diagnostics.lines[knownLines] + "\n";
-        }
-        if (!clipboard.contents.empty())
-            transcript += "  copies: " + oneLine(clipboard.contents) + "\n";
+        for (const std::string& line : diagnostics.lines) changes += "prints: " + line + "\n";
+        diagnostics.lines.clear();
+        if (!clipboard.contents.empty()) changes += "copies: " + oneLine(clipboard.contents) + "\n";
         clipboard.contents.clear();
     }
 
-    std::string transcript;
-    std::map<std::string, std::string> known;
+    std::string changes;
     std::size_t knownRequests = 0;
-    std::size_t knownLines = 0;
     ContentView state{services};
     ScreenEvents events{state};
+    std::map<std::string, std::string> known = fieldsOf(state);
 };
 
-TEST_P(ContentViewRecording, IsReproduced) {
-    std::ifstream file(kFolder / "recordings" / (GetParam() + ".txt"));
-    ASSERT_TRUE(file) << GetParam();
-    known = fieldsOf(state);
-    std::string expected;
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with('#') || line.empty()) continue;
-        expected += line + "\n";
-        if (!line.starts_with("> ")) continue;
-        transcript += line + "\n";
-        const std::size_t end = std::min(line.find(' ', 2), line.size());
-        std::string argument = line.substr(std::min(end + 1, line.size()));
-        if (argument.starts_with('"')) argument = argument.substr(1, argument.size() - 2);
-        perform(line.substr(2, end - 2), argument);
-        record();
-    }
-    EXPECT_EQ(expected, transcript);
+TEST_P(ContentViewTranscript, IsReproduced) {
+    tests::expectTranscript("app/transcripts/" + GetParam() + ".txt",
+                            [this](const std::string& line) { return perform(line); });
 }
 
 INSTANTIATE_TEST_SUITE_P(,
-                         ContentViewRecording,
+                         ContentViewTranscript,
                          testing::Values("offline_choices",
                                          "absent_figures",
                                          "online_search",
