@@ -20,11 +20,6 @@ std::optional<std::size_t> MonthPlot::monthAt(double x) const {
     return std::min(static_cast<std::size_t>(twelfths), kMonths - 1);
 }
 
-bool contains(const graphics::Rect& rect, graphics::Point point) {
-    const auto [top, bottom] = std::minmax({rect.y, rect.y + rect.height});
-    return point.x >= rect.x && point.x < rect.x + rect.width && point.y >= top && point.y < bottom;
-}
-
 void drawDayAxis(graphics::Canvas& canvas, const MonthPlot& plot, const DayAxisStyle& style) {
     for (int days = 0; days <= 30; days += 5) {
         const double y = plot.y(days);

@@ -27,9 +27,6 @@ struct MonthPlot {
     [[nodiscard]] std::optional<std::size_t> monthAt(double x) const;
 };
 
-/// Whether a point lies in a rectangle whose height may be negative (then it hangs from its y).
-[[nodiscard]] bool contains(const graphics::Rect& rect, graphics::Point point);
-
 /// How the horizontal lines of a plot and their labels look.
 struct DayAxisStyle {
     graphics::Stroke gridline;

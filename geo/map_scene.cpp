@@ -24,6 +24,12 @@ void appendRing(geojson::AnyCodable ring,
     if (!outline.points.empty()) polygons.push_back({{std::move(outline)}});
 }
 
+graphics::Rect boundingBox(const std::vector<Point>& points) {
+    const auto [left, right] = std::ranges::minmax(points, {}, &Point::x);
+    const auto [top, bottom] = std::ranges::minmax(points, {}, &Point::y);
+    return {left.x, top.y, right.x - left.x, bottom.y - top.y};
+}
+
 /// How often a closed outline goes round a point (Sunday, "Inclusion of a Point in a Polygon").
 int windingNumber(const std::vector<Point>& outline, Point point) {
     int winding = 0;
@@ -58,7 +64,8 @@ MapScene MapScene::make(const geojson::GeoMapData& map, graphics::Size viewSize)
         for (const geojson::AnyCodable element : map.features[feature].geometry.coordinates) {
             for (Path& polygon : extractPolygons(element, scene.projection)) {
                 if (polygon.polylines.front().points.size() <= 2) continue;
-                scene.outlines.push_back({feature, std::move(polygon)});
+                const graphics::Rect box = boundingBox(polygon.polylines.front().points);
+                scene.outlines.push_back({feature, std::move(polygon), box});
             }
         }
     }
@@ -68,7 +75,8 @@ MapScene MapScene::make(const geojson::GeoMapData& map, graphics::Size viewSize)
 std::optional<std::size_t> MapScene::featureAt(Point point) const {
     const auto topmost =
         std::find_if(outlines.rbegin(), outlines.rend(), [&](const Outline& outline) {
-            return windingNumber(outline.path.polylines.front().points, point) != 0;
+            return contains(outline.box, point) &&
+                   windingNumber(outline.path.polylines.front().points, point) != 0;
         });
     if (topmost == outlines.rend()) return std::nullopt;
     return topmost->feature;

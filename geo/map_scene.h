@@ -18,6 +18,7 @@ struct MapScene {
     struct Outline {
         std::size_t feature;  // whose it is: an index into the map's features
         graphics::Path path;  // one closed polyline of more than two points
+        graphics::Rect box;   // round its points
     };
 
     MapProjection projection;

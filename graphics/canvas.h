@@ -22,12 +22,15 @@ struct Path {
     std::vector<Polyline> polylines;
 };
 
-/// How a line is drawn: butt caps, miter joins (limit 10). `dash` holds the lengths of dashes and
-/// gaps in turn, in points; empty for a solid line.
+enum class LineJoin { kMiter, kRound };
+
+/// How a line is drawn: butt caps, miter joins (limit 10) or round ones. `dash` holds the lengths
+/// of dashes and gaps in turn, in points; empty for a solid line.
 struct Stroke {
     Color color;
     double width;  // points
     std::vector<double> dash{};
+    LineJoin join = LineJoin::kMiter;
 };
 
 /// A slice of a disc: from the center along `startBearing`, along the arc to `endBearing`, and

@@ -6,8 +6,8 @@
 
 /// The symbols of the interface, line drawings of one color: "checkmark",
 /// "chevron.up.chevron.down", "doc.on.doc", "equal.circle", "exclamationmark.triangle",
-/// "info.circle", "magnifyingglass", "wind.snow", "xmark.circle.fill". An unknown name draws
-/// nothing.
+/// "info.circle", "magnifyingglass", "minus", "plus", "viewfinder", "wind.snow",
+/// "xmark.circle.fill". An unknown name draws nothing.
 namespace kalvo::ui {
 
 /// A symbol that takes the color of the pen it is painted with, sharp at every size and scale.

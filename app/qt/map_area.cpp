@@ -1,5 +1,7 @@
 #include "app/qt/map_area.h"
 
+#include "app/place_text.h"
+
 namespace kalvo::app {
 
 namespace {
@@ -46,7 +48,9 @@ void MapArea::showMap() {
                             .selectedProvince = {},
                             .provinceWindMap = {},
                             .targetLat = state_.targetLat,
-                            .targetLon = state_.targetLon};
+                            .targetLon = state_.targetLon,
+                            .targetName = {}};
+    if (state_.shownResult) content.targetName = placeTitle(state_.shownResult->place);
     geo::MapWidget* map = maps_[2];
     if (state_.activeTab == 0) {
         map = maps_[0];

@@ -129,7 +129,8 @@ void mapFrame(benchmark::State& state) {
          .selectedProvince = {},
          .provinceWindMap = {},
          .targetLat = {},
-         .targetLon = {}});
+         .targetLon = {},
+         .targetName = {}});
     int width = 900;
     for ([[maybe_unused]] auto _ : state) {
         widget.resize(width, 600);

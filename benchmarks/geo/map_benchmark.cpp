@@ -31,7 +31,8 @@ geo::MapView provinces() {
                                            .selectedProvince = {},
                                            .provinceWindMap = {},
                                            .targetLat = 41.9,
-                                           .targetLon = 12.5};
+                                           .targetLon = 12.5,
+                                           .targetName = {}};
     double yield = 1800;
     for (const geojson::GeoFeature& feature : map.features) {
         view.provinceWindMap[*feature.property("sigla")] = yield += 40;

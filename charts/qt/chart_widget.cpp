@@ -1,14 +1,7 @@
 #include "charts/qt/chart_widget.h"
 
-#include <algorithm>
-
-#include <QAccessible>
-#include <QAccessibleWidget>
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QHelpEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -16,6 +9,8 @@
 #include "base/qt/qstring.h"
 #include "graphics/qt/conversions.h"
 #include "graphics/qt/qt_canvas.h"
+#include "ui/accessible_role.h"
+#include "ui/copy_picture_menu.h"
 #include "ui/paint.h"
 
 namespace kalvo::charts {
@@ -28,19 +23,6 @@ constexpr double kMargin = 0.5;
 
 constexpr double kFocusRadius = 6;
 
-/// Screen readers pass over a widget without a role of its own.
-QAccessibleInterface* graphicInterface(const QString& className, QObject* object) {
-    if (className != QLatin1String(ChartWidget::staticMetaObject.className())) return nullptr;
-    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Graphic);
-}
-
-void installGraphicInterface() {
-    [[maybe_unused]] static const bool installed = [] {
-        QAccessible::installFactory(graphicInterface);
-        return true;
-    }();
-}
-
 QString summaryOf(const Chart& chart) {
     return base::toQString(std::visit([](const auto& view) { return view.summary(); }, chart));
 }
@@ -49,7 +31,7 @@ QString summaryOf(const Chart& chart) {
 
 ChartWidget::ChartWidget(const QString& name, Chart chart, QWidget* parent)
     : QWidget(parent), chart_(std::move(chart)) {
-    installGraphicInterface();
+    ui::installAccessibleRole<ChartWidget, QAccessible::Graphic>();
     setAccessibleName(name);
     setAccessibleDescription(summaryOf(chart_));
     setMouseTracking(true);
@@ -133,13 +115,7 @@ void ChartWidget::mouseMoveEvent(QMouseEvent* event) { showTip(event->position()
 void ChartWidget::leaveEvent(QEvent* /*event*/) { QToolTip::hideText(); }
 
 void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(QStringLiteral("Copia immagine"), this, [this] {
-        // At least twice the size, so that the picture stays sharp where it is pasted.
-        QGuiApplication::clipboard()->setImage(picture(std::max(2.0, devicePixelRatioF())));
-    });
-    menu->popup(event->globalPos());
+    ui::openCopyPictureMenu(*this, *event, [this](double scale) { return picture(scale); });
 }
 
 }  // namespace kalvo::charts

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QContextMenuEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -18,6 +19,8 @@
 #include "geo/globe_projection.h"
 #include "graphics/qt/conversions.h"
 #include "graphics/qt/qt_canvas.h"
+#include "ui/accessible_role.h"
+#include "ui/copy_picture_menu.h"
 #include "ui/paint.h"
 #include "ui/theme.h"
 
@@ -52,6 +55,7 @@ GlobeWidget::GlobeWidget(CountryRings countryRings, QWidget* parent)
                 if (onGlobeTap) onGlobeTap(place);
             }} {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    ui::installAccessibleRole<GlobeWidget, QAccessible::Graphic>();
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
     setAccessibleName(QStringLiteral("Globo terrestre"));
@@ -165,6 +169,21 @@ void GlobeWidget::paintEvent(QPaintEvent* event) {
     if (std::exchange(sceneDirty_, false)) {
         QTimer::singleShot(0, this, [this] { makeScene(); });
     }
+}
+
+void GlobeWidget::contextMenuEvent(QContextMenuEvent* event) {
+    ui::openCopyPictureMenu(*this, *event, [this](double scale) { return picture(scale); });
+}
+
+QImage GlobeWidget::picture(double scale) {
+    QImage image((QSizeF(size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(graphics::toQColor(globeBackgroundColor()));
+    QPainter painter(&image);
+    painter.setFont(font());
+    graphics::QtCanvas canvas(painter, viewSize());
+    view_.draw(canvas, viewSize(), scene_);
+    return image;
 }
 
 void GlobeWidget::changeEvent(QEvent* event) {

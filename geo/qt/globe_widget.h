@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <QBasicTimer>
+#include <QImage>
 #include <QWidget>
 
 #include "engine/country_ring.h"
@@ -19,8 +20,10 @@ namespace kalvo::geo {
 
 /// Shows a `GlobeView` and forwards its events. It turns by itself while it is on the screen,
 /// is turned by dragging and with the arrow keys, stopped and started with the space bar, and
-/// tapped with the pointer or, at its center, with the return key. Hidden or minimized it does
-/// nothing at all; shown anew it turns again.
+/// tapped with the pointer or, at its center, with the return key. The second press of a double
+/// click is no other tap, but can begin a drag. The wheel is left to whoever stands around it.
+/// Hidden or minimized it does nothing at all; one that was hidden turns again when it is shown,
+/// one that was minimized goes on as it was.
 class GlobeWidget final : public QWidget {
     Q_OBJECT
 
@@ -43,6 +46,9 @@ class GlobeWidget final : public QWidget {
 
     [[nodiscard]] LatLonRadians center() const { return view_.center(); }
 
+    /// Returns the globe without its hint as a picture for a display of a scale.
+    [[nodiscard]] QImage picture(double scale);
+
     [[nodiscard]] QSize sizeHint() const override;
 
  protected:
@@ -58,6 +64,7 @@ class GlobeWidget final : public QWidget {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
     /// What the picture depends on that stays while the globe turns about its axis.

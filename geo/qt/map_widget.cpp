@@ -4,9 +4,9 @@
 #include <cmath>
 #include <utility>
 
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineF>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
@@ -15,11 +15,15 @@
 #include <QWheelEvent>
 
 #include "base/qt/qstring.h"
+#include "geo/wind_legend.h"
 #include "graphics/qt/conversions.h"
 #include "graphics/qt/parallel_painting.h"
 #include "graphics/qt/qt_canvas.h"
+#include "ui/accessible_role.h"
+#include "ui/copy_picture_menu.h"
 #include "ui/paint.h"
 #include "ui/theme.h"
+#include "ui/tool_tip.h"
 
 namespace kalvo::geo {
 
@@ -27,9 +31,18 @@ namespace {
 
 using graphics::Size;
 
-constexpr double kZoomStep = 1.25;  // of one notch of the wheel and one press of a key
+constexpr double kZoomStep = 1.25;  // of a notch of the wheel, a press of a key or a button
 constexpr double kNotch = 120;      // eighths of a degree
 constexpr double kArrowStep = 40;   // points
+
+MapWidget::Fingers firstTwo(const QList<QEventPoint>& points) {
+    QList<QPointF> places;
+    for (const QEventPoint& point : points) {
+        if (point.state() != QEventPoint::Released) places << point.position();
+    }
+    if (places.isEmpty()) return {};
+    return {places.front(), places[places.size() > 1 ? 1 : 0]};
+}
 
 QString accessibleNameOf(MapType type) {
     switch (type) {
@@ -45,12 +58,19 @@ QString accessibleNameOf(MapType type) {
 
 }  // namespace
 
-MapWidget::MapWidget(QWidget* parent) : QWidget(parent), view_{} {
+MapWidget::MapWidget(QWidget* parent) : QWidget(parent), view_{}, buttons_(new MapButtons(this)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    ui::installAccessibleRole<MapWidget, QAccessible::Graphic>();
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
+    setMouseTracking(true);
     // Not by a QPinchGesture, which Qt 6.4 feeds every movement of the fingers twice.
     setAttribute(Qt::WA_AcceptTouchEvents);
+    connect(buttons_, &MapButtons::zoomInPressed, this, [this] { zoomAboutCenter(kZoomStep); });
+    connect(buttons_, &MapButtons::zoomOutPressed, this,
+            [this] { zoomAboutCenter(1 / kZoomStep); });
+    connect(buttons_, &MapButtons::wholeMapPressed, this, &MapWidget::showWholeMap);
+    connect(buttons_, &MapButtons::entered, this, [this] { setPointer({}); });
     describe();
 }
 
@@ -60,6 +80,8 @@ void MapWidget::setContent(const MapContent& content) {
     if (content.geoData != shown.geoData) scene_.reset();
     if (content.mapType != shown.mapType) view_.gestures = {};
     shown = content;
+    hovered_.reset();
+    updateHover();
     describe();
     invalidatePicture();
 }
@@ -122,8 +144,27 @@ void MapWidget::apply(Gesture gesture) {
     const MapGestures before = view_.gestures;
     gesture(view_.gestures);
     if (view_.gestures.scale != before.scale || view_.gestures.offset != before.offset) {
+        buttons_->setEffective(
+            view_.gestures.scale<kLargestMapScale, view_.gestures.scale> kSmallestMapScale);
         update();
     }
+    updateHover();
+}
+
+void MapWidget::setPointer(std::optional<QPointF> pointer) {
+    pointer_ = pointer;
+    updateHover();
+}
+
+void MapWidget::updateHover() {
+    std::optional<std::size_t> hovered;
+    if (pointer_ && !view_.gestures.isDragging) {
+        hovered = view_.featureAt(graphics::toPoint(*pointer_), viewSize(), scene());
+    }
+    if (hovered == hovered_) return;
+    hovered_ = hovered;
+    QToolTip::hideText();
+    update();
 }
 
 void MapWidget::invalidatePicture() {
@@ -135,12 +176,47 @@ void MapWidget::paintEvent(QPaintEvent*) {
     updatePicture();
     QPainter painter(this);
     picture_.paint(painter);
+    if (hovered_) {
+        graphics::QtCanvas canvas(painter, viewSize());
+        view_.drawOutlined(canvas, viewSize(), scene(), *hovered_);
+    }
+    if (view_.hasLegend()) paintLegend(painter);
     if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange)) return;
     ui::paintFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), ui::kCornerRadius,
                        ui::Theme::lightAppearance().brandText);
 }
 
+void MapWidget::paintLegend(QPainter& painter) {
+    const QRectF card = graphics::toQRectF(windLegendCard(viewSize()));
+    if (!legend_.cover(card, devicePixelRatioF(), Qt::transparent)) {
+        legend_.draw([this](QImage& image) {
+            QPainter onCard(&image);
+            onCard.setFont(font());
+            onCard.translate(-legend_.topLeft());
+            graphics::QtCanvas canvas(onCard, viewSize());
+            drawWindLegend(canvas, viewSize());
+        });
+    }
+    legend_.paint(painter);
+    const auto marked = hovered_ ? view_.windYield(*hovered_) : std::nullopt;
+    if (!marked) return;
+    graphics::QtCanvas canvas(painter, viewSize());
+    drawWindLegendMark(canvas, viewSize(), *marked);
+}
+
+QImage MapWidget::picture(double scale) const {
+    QImage image((QSizeF(size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    QPainter painter(&image);
+    painter.setFont(font());
+    graphics::QtCanvas canvas(painter, viewSize());
+    view_.draw(canvas, viewSize());
+    if (view_.hasLegend()) drawWindLegend(canvas, viewSize());
+    return image;
+}
+
 void MapWidget::resizeEvent(QResizeEvent*) {
+    buttons_->placeIn(size());
     scene_.reset();
     picture_.release();
 }
@@ -151,7 +227,11 @@ void MapWidget::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) showWholeMap();
 }
 
-void MapWidget::hideEvent(QHideEvent*) { picture_.release(); }
+void MapWidget::hideEvent(QHideEvent*) {
+    picture_.release();
+    legend_.release();
+    setPointer({});
+}
 
 void MapWidget::describe() {
     setAccessibleName(accessibleNameOf(view_.mapType));
@@ -173,6 +253,13 @@ bool MapWidget::event(QEvent* event) {
         case QEvent::NativeGesture:
             return pinch(dynamic_cast<const QNativeGestureEvent&>(*event)) || QWidget::event(event);
         case QEvent::TouchBegin:
+            // A touch of a button becomes a click where nobody takes it for a touch.
+            if (buttons_->geometry().contains(
+                    dynamic_cast<QTouchEvent&>(*event).points().front().position().toPoint())) {
+                event->ignore();
+                return false;
+            }
+            [[fallthrough]];
         case QEvent::TouchUpdate:
         case QEvent::TouchEnd:
             touch(dynamic_cast<const QTouchEvent&>(*event));
@@ -183,17 +270,8 @@ bool MapWidget::event(QEvent* event) {
 }
 
 void MapWidget::showToolTip(const QHelpEvent& event) {
-    const auto feature =
-        scene().featureAt(viewToMap(view_.gestures, graphics::toPoint(event.pos()), viewSize()));
-    if (!view_.geoData || !feature) {
-        QToolTip::hideText();
-        return;
-    }
-    const QString text = base::toQString(view_.hoverText(view_.geoData->features[*feature]));
-    // Marked as rich text, so that a name is never taken for markup.
-    QToolTip::showText(
-        event.globalPos(),
-        QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()), this);
+    const std::string text = view_.toolTip(graphics::toPoint(event.pos()), viewSize(), scene());
+    QToolTip::showText(event.globalPos(), ui::plainToolTip(base::toQString(text)), this);
 }
 
 bool MapWidget::pinch(const QNativeGestureEvent& event) {
@@ -219,24 +297,28 @@ void MapWidget::touch(const QTouchEvent& event) {
     const auto isMoving = [](const QEventPoint& point) {
         return point.state() == QEventPoint::Updated || point.state() == QEventPoint::Stationary;
     };
-    const QList<QEventPoint>& fingers = event.points();
-    if (!std::all_of(fingers.begin(), fingers.end(), isMoving)) return;
-    // The map sticks to one finger, or to the middle between the first two.
-    const QEventPoint& one = fingers.front();
-    const QEventPoint& other = fingers[fingers.size() > 1 ? 1 : 0];
-    const QPointF middle = (one.position() + other.position()) / 2;
-    const QPointF moved = middle - (one.lastPosition() + other.lastPosition()) / 2;
-    const double reach = QLineF(one.position(), other.position()).length();
-    const double lastReach = QLineF(one.lastPosition(), other.lastPosition()).length();
+    const QList<QEventPoint>& points = event.points();
+    const Fingers fingers = firstTwo(points);
+    if (!std::all_of(points.begin(), points.end(), isMoving)) {
+        // Each finger that comes or goes begins another drag and another pinch.
+        dragEnded(view_.gestures);
+        pinchEnded(view_.gestures);
+        touchStart_ = fingers;
+        return;
+    }
+    const QPointF moved = fingers.center() - touchStart_.center();
     apply([&](MapGestures& map) {
-        moveBy(map, {moved.x(), moved.y()});
-        if (reach > 0 && lastReach > 0) {
-            zoomBy(map, reach / lastReach, graphics::toPoint(middle), viewSize());
-        }
+        dragChanged(map, {moved.x(), moved.y()});
+        if (touchStart_.length() > 0) pinchChanged(map, fingers.length() / touchStart_.length());
     });
 }
 
 void MapWidget::wheelEvent(QWheelEvent* event) {
+    // A wheel that turns sideways is for whoever stands around the map.
+    if (event->angleDelta().y() == 0) {
+        event->ignore();
+        return;
+    }
     const double factor = std::pow(kZoomStep, event->angleDelta().y() / kNotch);
     apply([&](MapGestures& map) {
         zoomBy(map, factor, graphics::toPoint(event->position()), viewSize());
@@ -252,6 +334,7 @@ void MapWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void MapWidget::mouseMoveEvent(QMouseEvent* event) {
+    setPointer(event->position());
     if (!(event->buttons() & Qt::LeftButton)) return;
     const QPointF moved = event->position() - pressedAt_;
     apply([&](MapGestures& map) { dragChanged(map, {moved.x(), moved.y()}); });
@@ -259,29 +342,37 @@ void MapWidget::mouseMoveEvent(QMouseEvent* event) {
 
 void MapWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    dragEnded(view_.gestures);
+    apply(dragEnded);
     setCursor(Qt::OpenHandCursor);
 }
 
 void MapWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) showWholeMap();
+    mousePressEvent(event);
+}
+
+void MapWidget::leaveEvent(QEvent*) { setPointer({}); }
+
+void MapWidget::contextMenuEvent(QContextMenuEvent* event) {
+    ui::openCopyPictureMenu(*this, *event, [this](double scale) { return picture(scale); });
+}
+
+void MapWidget::zoomAboutCenter(double factor) {
+    const graphics::Point center{viewSize().width / 2, viewSize().height / 2};
+    apply([&](MapGestures& map) { zoomBy(map, factor, center, viewSize()); });
 }
 
 void MapWidget::keyPressEvent(QKeyEvent* event) {
-    const auto zoom = [this](double factor) {
-        const graphics::Point center{viewSize().width / 2, viewSize().height / 2};
-        apply([&](MapGestures& map) { zoomBy(map, factor, center, viewSize()); });
-    };
     const auto move = [this](double dx, double dy) {
         apply([&](MapGestures& map) { moveBy(map, {dx, dy}); });
     };
     switch (event->key()) {
         case Qt::Key_Plus:
         case Qt::Key_Equal:
-            zoom(kZoomStep);
+            zoomAboutCenter(kZoomStep);
             break;
         case Qt::Key_Minus:
-            zoom(1 / kZoomStep);
+            zoomAboutCenter(1 / kZoomStep);
             break;
         case Qt::Key_Left:
             move(kArrowStep, 0);

@@ -23,7 +23,8 @@ namespace {
 constexpr int kFontScale = 20;
 
 QPen qtPen(const Stroke& stroke) {
-    QPen pen(toQColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    const auto join = stroke.join == LineJoin::kRound ? Qt::RoundJoin : Qt::MiterJoin;
+    QPen pen(toQColor(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, join);
     pen.setMiterLimit(10);
     if (!stroke.dash.empty()) {
         // Qt counts dashes in pen widths.
@@ -113,7 +114,8 @@ void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
     // the lines themselves.
     const bool isThin = stroke.width * painter_.deviceTransform().m11() <= 1;
     const bool isVector = painter_.paintEngine()->type() == QPaintEngine::Pdf;
-    const bool isOutlined = stroke.dash.empty() && !isThin && !isVector;
+    const bool isMitered = stroke.dash.empty() && stroke.join == LineJoin::kMiter;
+    const bool isOutlined = isMitered && !isThin && !isVector;
     QPainterPath shape;
     shape.setFillRule(Qt::WindingFill);
     // A miter may reach ten half widths from its corner.

@@ -62,6 +62,7 @@ class AskedMap {
             words >> view_.provinceWindMap[code];
         } else if (word == "target") {
             words >> view_.targetLat.emplace() >> view_.targetLon.emplace();
+            view_.targetName = rest(words);
         } else if (word == "zoom") {
             MapGestures& map = view_.gestures;
             words >> map.scale >> map.offset.width >> map.offset.height;
@@ -97,9 +98,16 @@ class AskedMap {
         } else if (word == "at") {
             graphics::Point at{};
             words >> at.x >> at.y;
-            const auto feature = MapScene::make(map, size_).featureAt(at);
-            answer_ +=
-                feature ? "\"" + view_.hoverText(map.features[*feature]) + "\"\n" : "nothing\n";
+            const MapScene scene = MapScene::make(map, size_);
+            const std::string text = view_.toolTip(at, size_, scene);
+            const bool isOnFeature = view_.featureAt(at, size_, scene).has_value();
+            answer_ += isOnFeature || !text.empty() ? "\"" + text + "\"\n" : "nothing\n";
+        } else if (word == "outline") {
+            std::size_t feature = 0;
+            words >> feature;
+            tests::RecordingCanvas canvas;
+            view_.drawOutlined(canvas, size_, MapScene::make(map, size_), feature);
+            for (const std::string& command : canvas.commands) answer_ += command + "\n";
         }
         return true;
     }

@@ -120,7 +120,7 @@ class RecordingCanvas : public graphics::Canvas {
     static std::string text(const graphics::Stroke& stroke) {
         std::string found = text(stroke.color) + " " + text(stroke.width);
         for (const double length : stroke.dash) found += "-" + text(length);
-        return found;
+        return stroke.join == graphics::LineJoin::kRound ? found + " round" : found;
     }
     static std::string text(std::span<const graphics::Point> points) {
         std::string found;
