@@ -3,10 +3,9 @@
 #include <algorithm>
 
 #include <fmt/format.h>
-#include <simdjson.h>
 
+#include "base/json.h"
 #include "base/numbers.h"
-#include "geojson/geojson_numbers.h"
 
 namespace kalvo::geojson {
 
@@ -19,11 +18,7 @@ using simdjson::dom::object;
 
 Failure failure(std::string message) { return Failure({"GeoJSON", 0, std::move(message)}); }
 
-Failure failure(simdjson::error_code code) {
-    return Failure({"JSON", code, simdjson::error_message(code)});
-}
-
-/// The value of a required key, as a `T`.
+/// Returns the value of a required key, as a `T`.
 template <class T>
 base::Result<T> required(const object& owner, std::string_view key, std::string_view typeName) {
     element value;
@@ -37,7 +32,7 @@ base::Result<T> required(const object& owner, std::string_view key, std::string_
     return typed;
 }
 
-/// The number of elements; the parser's own count stops at 24 bits.
+/// Returns the number of elements; the parser's own count stops at 24 bits.
 std::size_t exactSize(const array& values) {
     const std::size_t size = values.size();
     if (size < 0xFF'FFFF) return size;
@@ -164,15 +159,6 @@ base::Result<GeoMapData> readCollection(const element& root) {
     return GeoMapData{FeatureList(std::move(features))};
 }
 
-/// The parser starts with room for a nesting of 1,024.
-simdjson::error_code parse(simdjson::dom::parser& parser, const std::string& text, element& root) {
-    const auto error = parser.parse(text).get(root);
-    if (error != simdjson::DEPTH_ERROR) return error;
-    const std::size_t deepest = text.size() / 2 + 2;
-    if (const auto noMemory = parser.allocate(text.size(), deepest)) return noMemory;
-    return parser.parse(text).get(root);
-}
-
 }  // namespace
 
 const std::string* GeoFeature::property(std::string_view key) const {
@@ -181,12 +167,9 @@ const std::string* GeoFeature::property(std::string_view key) const {
 }
 
 base::Result<GeoMapData> decodeGeoJSON(const std::string& text) {
-    simdjson::dom::parser parser;
-    element root;
-    auto error = parse(parser, text, root);
-    if (error == simdjson::NUMBER_ERROR) error = parse(parser, withReadableNumbers(text), root);
-    if (error) return failure(error);
-    return readCollection(root);
+    const auto document = base::JsonDocument::parse(text, base::JsonDocument::Nesting::kAny);
+    if (!document) return Failure(document.error());
+    return readCollection(document->root());
 }
 
 }  // namespace kalvo::geojson

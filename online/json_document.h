@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -8,12 +7,13 @@
 
 #include <simdjson.h>
 
+#include "base/json.h"
 #include "base/result.h"
 
 namespace kalvo::online {
 
-/// A JSON answer whose top level is an object. Numbers keep their full precision; of members with
-/// one name the first counts. The views that its values hand out live as long as it does.
+/// A JSON answer whose top level is an object; see `base::JsonDocument` for its numbers. Of members
+/// with one name the first counts. The views that its values hand out live as long as it does.
 class JsonDocument {
  public:
     /// Fails with the domain "JSON" for what is no JSON object or array (nesting beyond 1,024
@@ -23,14 +23,14 @@ class JsonDocument {
     [[nodiscard]] simdjson::dom::object root() const { return root_; }
 
  private:
-    JsonDocument(std::unique_ptr<simdjson::dom::parser> parser, simdjson::dom::object root)
-        : parser_(std::move(parser)), root_(root) {}
+    JsonDocument(base::JsonDocument document, simdjson::dom::object root)
+        : document_(std::move(document)), root_(root) {}
 
-    std::unique_ptr<simdjson::dom::parser> parser_;  // holds what root_ points to
+    base::JsonDocument document_;  // holds what root_ points to
     simdjson::dom::object root_;
 };
 
-/// The member's value when it is present and of that type.
+/// Returns the member's value when it is present and of that type.
 [[nodiscard]] std::optional<std::string_view> textMember(simdjson::dom::object object,
                                                          std::string_view key);
 [[nodiscard]] std::optional<double> numberMember(simdjson::dom::object object,

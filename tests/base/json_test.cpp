@@ -1,0 +1,71 @@
+#include "base/json.h"
+
+#include <cmath>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+namespace kalvo::base {
+namespace {
+
+TEST(JsonDocument, ReadsEveryNumberAsTheDoubleNextToIt) {
+    const struct {
+        const char* text;
+        double value;
+    } kCases[] = {
+        {"0.1", 0.1},
+        {"9007199254740993.0", 9007199254740992.0},
+        {"9007199254740995", 9007199254740996.0},
+        {"2.2250738585072011e-308", 2.2250738585072011e-308},
+        {"0.500000000000000166533453693773481063544750213623046875",
+         0.500000000000000166533453693773481063544750213623046875},
+        {"18446744073709551616", 18446744073709551616.0},
+        {"-9223372036854775809", -9223372036854775808.0},
+        {"-123456789012345678901234567890", -123456789012345678901234567890.0},
+        {"0", 0.0},
+        {"-0", -0.0},
+        {"-0.0", -0.0},
+    };
+    // Beside nothing, and beside what makes the text be read once more, and strings like numbers.
+    const std::string key = R"(\"-0 1234567890123456789012 \\)";
+    for (const std::string& other : {std::string("{"), "{\"" + key + "\":1E+2,\"a\":1e999,"}) {
+        for (const auto& [text, value] : kCases) {
+            const auto document =
+                JsonDocument::parse(other + "\"n\":" + text + "}", JsonDocument::Nesting::kLimited);
+            ASSERT_TRUE(document) << text;
+            const double number = document->root()["n"].get_double().value();
+            EXPECT_EQ(number, value) << text;
+            EXPECT_EQ(std::signbit(number), std::signbit(value)) << text;
+            if (other.size() == 1) continue;
+            EXPECT_EQ(document->root()["\"-0 1234567890123456789012 \\"].get_double().value(), 100);
+            EXPECT_TRUE(document->root()["a"].is_null());
+        }
+    }
+}
+
+TEST(JsonDocument, KeepsTheDigitsOfAnIntegerBeyondTheDoubles) {
+    const std::string digits = "-1" + std::string(400, '0');
+    const auto document = JsonDocument::parse("[" + digits + "]", JsonDocument::Nesting::kLimited);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->root().at(0).get_string().value(), digits);
+}
+
+TEST(JsonDocument, RefusesWhatIsNoNumber) {
+    for (const char* number :
+         {"01", "01e999", "-", "-a", "1.", "1.e5", "1e", "1e+", "1.5.2", "1-", "00e9999", "-00"}) {
+        for (const char* other : {"2", "1e999", "-0"}) {
+            const std::string text = std::string("[") + other + "," + number + "]";
+            EXPECT_FALSE(JsonDocument::parse(text, JsonDocument::Nesting::kAny)) << text;
+        }
+    }
+}
+
+TEST(JsonDocument, LimitsTheNestingWhereItIsToldTo) {
+    const std::string deep = std::string(2000, '[') + std::string(2000, ']');
+    EXPECT_TRUE(JsonDocument::parse(deep, JsonDocument::Nesting::kAny));
+    EXPECT_FALSE(JsonDocument::parse(deep, JsonDocument::Nesting::kLimited));
+}
+
+}  // namespace
+}  // namespace kalvo::base
