@@ -82,13 +82,13 @@ void drawMap(Canvas& canvas, const Report& report) {
     canvas.save();
     canvas.translate(kBox.x, kBox.y);
     canvas.scale(kScale);
-    for (const auto& [feature, path] : scene.outlines) {
+    for (const geo::MapScene::Outline& shape : scene.outlines) {
         graphics::Path outline;
-        for (const graphics::Polyline& line : path.polylines) {
+        for (const graphics::Polyline& line : shape.path.polylines) {
             outline.polylines.push_back(
                 {thinned(line.points, kCornerDistance / kScale), line.closed});
         }
-        canvas.fillPath(outline, colorOf(map, map.provinces.features[feature]));
+        canvas.fillPath(outline, colorOf(map, map.provinces.features[shape.feature]));
         canvas.strokePath(outline, border);
     }
     canvas.restore();
