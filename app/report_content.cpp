@@ -95,6 +95,10 @@ void addProduction(Report& report) {
 
 }  // namespace
 
+bool showsResult(const ContentView& state) {
+    return state.shownResult && !state.showsMessage() && !state.isFetchingOnline;
+}
+
 report::Report makeReport(const ContentView& state,
                           const Services& services,
                           std::chrono::system_clock::time_point now) {

@@ -7,6 +7,9 @@
 
 namespace kalvo::app {
 
+/// Whether a result is shown that a report can tell of.
+[[nodiscard]] bool showsResult(const ContentView& state);
+
 /// Returns what a report taken at `now` tells of the last result, which there must be. Reads the
 /// stations and, for an online place, the world's outlines through the services.
 [[nodiscard]] report::Report makeReport(const ContentView& state,

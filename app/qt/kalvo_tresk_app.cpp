@@ -12,6 +12,8 @@
 #include "app/branding.h"
 #include "app/qt/about_panel.h"
 #include "app/qt/application_icon.h"
+#include "app/qt/report_window.h"
+#include "app/report_content.h"
 #include "base/qt/qstring.h"
 #include "ui/after_paint.h"
 
@@ -94,11 +96,26 @@ void Kalvo_TreskApp::addApplicationMenu(QMainWindow& window, MainScreen& screen)
                     [this] { openWindow(); });
     menu->addAction(QStringLiteral("&Cerca località"), QKeySequence(Qt::CTRL | Qt::Key_F), &screen,
                     &MainScreen::focusSearchField);
+    QAction* report =
+        menu->addAction(QStringLiteral("&Relazione…"), QKeySequence(Qt::CTRL | Qt::Key_P), this,
+                        [this, &window, &screen] { showReport(window, screen.state()); });
+    const auto enable = [report, &screen] { report->setEnabled(showsResult(screen.state())); };
+    connect(&screen, &MainScreen::redrawn, report, enable);
+    enable();
     menu->addSeparator();
     menu->addAction(QStringLiteral("C&hiudi finestra"), QKeySequence(Qt::CTRL | Qt::Key_W), &window,
                     &QWidget::close);
     menu->addAction(QStringLiteral("&Esci"), QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
                     &QApplication::closeAllWindows);
+}
+
+void Kalvo_TreskApp::showReport(QMainWindow& window, const ContentView& state) {
+    auto* shown = window.findChild<ReportWindow*>();
+    if (shown == nullptr) shown = new ReportWindow(services_.bundle, urlOpener_, &window);
+    shown->setReport(makeReport(state, services_, std::chrono::system_clock::now()));
+    shown->show();
+    shown->raise();
+    shown->activateWindow();
 }
 
 void Kalvo_TreskApp::addMapMenu(QMainWindow& window) {

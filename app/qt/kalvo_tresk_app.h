@@ -30,6 +30,8 @@ class Kalvo_TreskApp final : public QObject {
     void addApplicationMenu(QMainWindow& window, MainScreen& screen);
     void addMapMenu(QMainWindow& window);
     void addPrivacyMenu(QMainWindow& window);
+    /// Opens the report on the shown result, or brings an open one up to date.
+    void showReport(QMainWindow& window, const ContentView& state);
     /// Shows a map in the window that the person works in.
     void selectMap(int tab);
 

@@ -51,6 +51,7 @@ void MainScreen::redraw() {
     details_->showState();
     flushLayoutRequests();
     showInfoSheet();
+    emit redrawn();
 }
 
 void MainScreen::selectMap(int tab) {

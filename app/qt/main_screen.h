@@ -28,6 +28,9 @@ class MainScreen final : public QSplitter {
     void showInformation();
     void focusSearchField() { sidebar_->focusSearchField(); }
 
+ signals:
+    void redrawn();
+
  protected:
     void showEvent(QShowEvent* event) override;
 

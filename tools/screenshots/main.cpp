@@ -1,18 +1,18 @@
 // Opens the application's window, works its controls and saves pictures of it. A development aid:
 // it never reaches the network, so that its pictures are the same everywhere.
 
+#include <QAction>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTextStream>
 
 #include "app/qt/kalvo_tresk_app.h"
-#include "app/report_content.h"
+#include "app/qt/report_window.h"
 #include "base/qt/qt_clipboard.h"
 #include "base/qt/qt_url_opener.h"
-#include "report/qt/page_painter.h"
-#include "report/qt/pdf_file.h"
 #include "ui/theme.h"
 
 namespace {
@@ -29,17 +29,18 @@ class NoNetwork final : public net::HttpSession {
 void addOptions(QCommandLineParser& parser) {
     parser.addPositionalArgument("picture", "The PNG file to write.");
     parser.addHelpOption();
-    parser.addOptions({{"dark", "Take the desktop for a dark one."},
-                       {"size", "The window's size in points.", "width>x<height", "1320x900"},
-                       {"country", "Choose this entry of the country picker.", "name"},
-                       {"search", "Type this text into the search field.", "text"},
-                       {"quantity", "The number of turbines.", "text"},
-                       {"map", "Choose this map, from 0.", "tab"},
-                       {"details", "Choose this analysis, from 0.", "tab"},
-                       {"fetching", "Show a download under way."},
-                       {"place", "Choose this entry of the place picker.", "label"},
-                       {"report", "Save the report of what is shown, a PDF file, instead."},
-                       {"sheet", "Open the information sheet."}});
+    parser.addOptions(
+        {{"dark", "Take the desktop for a dark one."},
+         {"size", "The window's size in points.", "width>x<height", "1320x900"},
+         {"country", "Choose this entry of the country picker.", "name"},
+         {"search", "Type this text into the search field.", "text"},
+         {"quantity", "The number of turbines.", "text"},
+         {"map", "Choose this map, from 0.", "tab"},
+         {"details", "Choose this analysis, from 0.", "tab"},
+         {"fetching", "Show a download under way."},
+         {"place", "Choose this entry of the place picker.", "label"},
+         {"report", "Open the report, or save it where the picture's name ends in pdf."},
+         {"sheet", "Open the information sheet."}});
 }
 
 /// Lets the window live for a moment: layouts, images and the globe's first frames.
@@ -64,6 +65,13 @@ void work(app::MainScreen& screen, const QCommandLineParser& options) {
     set("details", [&](const QString& tab) { state.activeDetailsTab = tab.toInt(); });
     set("fetching", [&](const QString&) { state.isFetchingOnline = true; });
     set("sheet", [&](const QString&) { state.showInfoSheet = true; });
+}
+
+app::ReportWindow* openReport(const QMainWindow& window) {
+    for (QAction* action : window.findChildren<QAction*>()) {
+        if (action->shortcut() == QKeySequence(Qt::CTRL | Qt::Key_P)) action->trigger();
+    }
+    return window.findChild<app::ReportWindow*>();
 }
 
 }  // namespace
@@ -101,16 +109,16 @@ int main(int argc, char** argv) {
     settle();
 
     const QString file = options.positionalArguments().first();
-    if (options.isSet("report")) {
-        const auto& state = qobject_cast<app::MainScreen*>(window->centralWidget())->state();
-        report::loadTabularFonts(bundle);
-        const auto saved = report::saveFile(
-            report::pdfOf(app::makeReport(state, {parser, scraper, clipboard, diagnostics, bundle},
-                                          std::chrono::system_clock::now())),
-            file);
-        return saved ? 0 : 1;
-    }
     QWidget* shown = options.isSet("sheet") ? QApplication::activeModalWidget() : window;
+    if (options.isSet("report")) {
+        auto* report = openReport(*window);
+        if (file.endsWith(".pdf")) {
+            report->save(file);
+            return QFile::exists(file) ? 0 : 1;
+        }
+        settle();
+        shown = report;
+    }
     if (shown == nullptr || !shown->grab().save(file)) {
         QTextStream(stderr) << "could not save " << file << '\n';
         return 1;
