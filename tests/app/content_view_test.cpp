@@ -167,7 +167,14 @@ class ContentViewTranscript : public testing::TestWithParam<std::string>,
         }
         known = fields;
         for (; knownRequests < session.requests().size(); ++knownRequests) {
-            changes += "asks: " + session.requests()[knownRequests].url + "\n";
+            const net::HttpRequest& request = session.requests()[knownRequests];
+            changes += fmt::format("asks: {} within {} ms\n", request.url, request.timeout.count());
+            for (const auto& [name, value] : request.headers) {
+                // Told where they are others than the last ones.
+                if (std::exchange(knownHeaders[name], value) != value) {
+                    changes += "as " + name + ": " + value + "\n";
+                }
+            }
         }
         for (const std::string& line : diagnostics.lines) changes += "prints: " + line + "\n";
         diagnostics.lines.clear();
@@ -177,6 +184,7 @@ class ContentViewTranscript : public testing::TestWithParam<std::string>,
 
     std::string changes;
     std::size_t knownRequests = 0;
+    std::map<std::string, std::string> knownHeaders;
     ContentView state{services};
     ScreenEvents events{state};
     std::map<std::string, std::string> known = fieldsOf(state);
