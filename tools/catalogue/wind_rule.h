@@ -11,7 +11,7 @@ namespace kalvo::tools {
 /// The rule by which a place gets its mean wind from the stations round it.
 class WindRule {
  public:
-    explicit WindRule(const std::vector<SourceStation>& stations);
+    explicit WindRule(const std::vector<SourceStation>& sources);
 
     struct Estimate {
         double meanWind;                     // m/s at 10 m
