@@ -54,9 +54,9 @@ TEST(GlobeProjectionTest, ProjectsPlacesWorkedByHand) {
 }
 
 TEST(GlobeProjectionTest, InvertFindsTheProjectedPlaceAgain) {
-    const unsigned seed = std::random_device{}();
-    SCOPED_TRACE(testing::Message() << "seed " << seed);
-    std::mt19937 random(seed);
+    constexpr unsigned kSeed = 20261123;
+    SCOPED_TRACE(testing::Message() << "seed " << kSeed);
+    std::mt19937 random(kSeed);
     std::uniform_real_distribution<double> anyLat(-85, 85);
     std::uniform_real_distribution<double> anyLon(-1000, 1000);
     int seen = 0;
