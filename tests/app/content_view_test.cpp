@@ -275,6 +275,8 @@ TEST_F(ContentViewState, MeansThePlaceOfExactlyThatNameElseOneThatBeginsSo) {
         state.searchText = text;
         EXPECT_EQ(state.bestMatch(), match) << text;
     }
+    state.filterLocations("Ezz");
+    EXPECT_EQ(state.shownResult->place.city, "Romano d'Ezzelino");
 }
 
 TEST_F(ContentViewState, ShowsTheCountrysFlagAndTheLogo) {
