@@ -4,9 +4,10 @@
 
 namespace kalvo::ui {
 
-/// Reads the system's font configuration on a thread of its own, if one can be had; it stays read
-/// for the rest of the run. To be let go, which waits, before the first font is used. Does nothing
-/// where fonts need no such reading.
+/// Starts Fontconfig (`FcInit`) on a thread of its own, where one is available: reading the
+/// system's font configuration takes milliseconds that the connection to the desktop leaves free.
+/// The result is to be destroyed, which waits for the thread, before the first font is used. Does
+/// nothing on macOS.
 [[nodiscard]] std::future<void> preloadFontconfig();
 
 }  // namespace kalvo::ui

@@ -4,7 +4,8 @@
 
 namespace kalvo::app {
 
-/// The panel that names the application and its makers. It deletes itself when it is closed.
+/// The panel that names the application, its developer and its copyright. It deletes itself when it
+/// is closed.
 class AboutPanel final : public QDialog {
     Q_OBJECT
 

@@ -1,4 +1,4 @@
-// The whole road of an online place over a real connection: a text typed into the window, the
+// The whole path of an online place over a real connection: a text typed into the window, the
 // search, the climate page, its three charts, and the figures on the screen.
 
 #include <algorithm>
