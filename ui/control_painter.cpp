@@ -21,7 +21,10 @@ constexpr int kFullSizeText = 16;
 constexpr int kIconSize = 16;
 constexpr int kIconGap = 6;
 constexpr int kFieldPadding = 10;
-constexpr int kMenuPadding = 12;
+constexpr int kMenuPadding = 8;
+constexpr int kMenuTickSpace = 20;
+constexpr int kMenuTickLeft = 6;
+constexpr double kRowRadius = 5;
 constexpr int kMenuItemHeight = 26;
 constexpr int kShortcutGap = 28;
 
@@ -51,7 +54,7 @@ ButtonColors buttonColors(const QStyleOptionButton& button, const QWidget* widge
         const QColor fill = isPressed(button)   ? theme.accentPressed
                             : isHovered(button) ? theme.accentHover
                                                 : theme.accent;
-        return {fill, Qt::transparent, Qt::white};
+        return {fill, theme.accentBorder, Qt::white};
     }
     const QColor fill = isPressed(button)   ? theme.track
                         : isHovered(button) ? theme.buttonHover
@@ -100,7 +103,8 @@ void paintButtonBox(const QStyleOptionButton& button, QPainter& painter, const Q
     if (isFilled(button, widget)) {
         // The ring has the color of the fill: a gap keeps them apart.
         const double gap = showsFocus(button) ? 3 : 0;
-        paintBox(painter, box.adjusted(gap, gap, -gap, -gap), kCornerRadius - gap, colors.fill);
+        paintBox(painter, box.adjusted(gap, gap, -gap, -gap), kCornerRadius - gap, colors.fill,
+                 colors.border);
     } else {
         if (!isPressed(button)) paintShadow(painter, box, kCornerRadius);
         paintBox(painter, box, kCornerRadius, colors.fill, colors.border);
@@ -155,8 +159,12 @@ void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter) {
     if (showsFocus(combo)) paintFocusRing(painter, box, kCornerRadius);
 }
 
+QRect comboBoxTextSpace(const QRect& combo) {
+    return fieldContents(combo).adjusted(0, 0, -kIconSize, 0);
+}
+
 void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter) {
-    const QRect space = fieldContents(combo.rect).adjusted(0, 0, -kIconSize, 0);
+    const QRect space = comboBoxTextSpace(combo.rect);
     painter.save();
     // Which is the placeholder's color while nothing is chosen.
     painter.setPen(combo.palette.color(QPalette::ButtonText));
@@ -168,7 +176,8 @@ void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter) {
 
 void paintListSelection(const QStyleOptionViewItem& item, QPainter& painter) {
     if (!(item.state & QStyle::State_Selected)) return;
-    paintBox(painter, item.rect.adjusted(4, 1, -4, -1), 5, Theme::current().accent);
+    paintBox(painter, item.rect.adjusted(0, 1, 0, -1), kRowRadius, Theme::current().accent,
+             Theme::current().accentBorder);
 }
 
 QRect scrollBarThumb(const QStyleOptionSlider& bar) {
@@ -204,15 +213,22 @@ void paintScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWid
     paintBox(painter, pill, std::min(pill.width(), pill.height()) / 2, color);
 }
 
+void paintPopup(const QRect& rect, QPainter& painter, const QWidget* widget, double radius) {
+    const Theme& theme = Theme::current();
+    const bool isRounded =
+        widget != nullptr && widget->window()->testAttribute(Qt::WA_TranslucentBackground);
+    paintBox(painter, rect, isRounded ? radius : 0, theme.field, theme.fieldBorder);
+}
+
 QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& text) {
     if (item.menuItemType == QStyleOptionMenuItem::Separator) return {text.width(), 9};
-    const int gap = item.reservedShortcutWidth > 0 ? kShortcutGap : 0;
-    return {text.width() + 2 * kMenuPadding + gap, kMenuItemHeight};
+    const int gap = item.text.contains(u'\t') ? kShortcutGap : 0;
+    const int tick = item.menuHasCheckableItems ? kMenuTickSpace : 0;
+    return {text.width() + 2 * kMenuPadding + gap + tick, kMenuItemHeight};
 }
 
 void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     const Theme& theme = Theme::current();
-    painter.fillRect(item.rect, theme.field);
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
         paintRule(painter,
                   item.rect.adjusted(kMenuPadding, item.rect.height() / 2, -kMenuPadding,
@@ -222,17 +238,29 @@ void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     }
     const bool isEnabled = item.state & QStyle::State_Enabled;
     const bool isSelected = isEnabled && (item.state & QStyle::State_Selected);
-    if (isSelected) paintBox(painter, item.rect.adjusted(4, 1, -4, -1), 5, theme.accent);
+    if (isSelected) {
+        paintBox(painter, item.rect.adjusted(0, 1, 0, -1), kRowRadius, theme.accent,
+                 theme.accentBorder);
+    }
 
     painter.save();
     painter.setFont(item.font);
     painter.setPen(isSelected ? QColor(Qt::white) : isEnabled ? theme.text : theme.tertiaryText);
-    const QRect room = item.rect.adjusted(kMenuPadding, 0, -kMenuPadding, 0);
+    if (item.checked) {
+        painter.save();
+        if (!isSelected) painter.setPen(theme.brandText);
+        symbolIcon(QStringLiteral("checkmark"))
+            .paint(&painter, item.rect.x() + kMenuTickLeft,
+                   item.rect.y() + (item.rect.height() - kIconSize) / 2, kIconSize, kIconSize);
+        painter.restore();
+    }
+    const int left = kMenuPadding + (item.menuHasCheckableItems ? kMenuTickSpace : 0);
+    const QRect space = item.rect.adjusted(left, 0, -kMenuPadding, 0);
     const QStringList parts = item.text.split(u'\t');
-    painter.drawText(room, lineFlags(Qt::AlignLeft | Qt::AlignVCenter), parts.first());
+    painter.drawText(space, lineFlags(Qt::AlignLeft | Qt::AlignVCenter), parts.first());
     if (parts.size() > 1) {
         if (!isSelected) painter.setPen(theme.tertiaryText);
-        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, parts[1]);
+        painter.drawText(space, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, parts[1]);
     }
     painter.restore();
 }

@@ -19,12 +19,18 @@ void paintButtonLabel(const QStyleOptionButton& button, QPainter& painter, const
 [[nodiscard]] QRect fieldContents(const QRect& field);
 void paintField(const QStyleOption& option, QPainter& painter);
 void paintComboBox(const QStyleOptionComboBox& combo, QPainter& painter);
+/// The part of a closed drop-down menu that shows its text.
+[[nodiscard]] QRect comboBoxTextSpace(const QRect& combo);
 void paintComboBoxLabel(const QStyleOptionComboBox& combo, QPainter& painter);
 void paintListSelection(const QStyleOptionViewItem& item, QPainter& painter);
 
 /// The thumb's rectangle in a scroll bar, which has nothing else.
 [[nodiscard]] QRect scrollBarThumb(const QStyleOptionSlider& bar);
 void paintScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget);
+
+/// The box of a menu, a list or a tooltip that lies over the window: rounded where the desktop
+/// composes it.
+void paintPopup(const QRect& rect, QPainter& painter, const QWidget* widget, double radius);
 
 [[nodiscard]] QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& text);
 void paintMenuItem(const QStyleOptionMenuItem& item, QPainter& painter);

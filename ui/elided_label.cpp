@@ -1,29 +1,23 @@
 #include "ui/elided_label.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
-#include "ui/tool_tip.h"
+#include "ui/lazy_tool_tip.h"
 
 namespace kalvo::ui {
 
 ElidedLabel::ElidedLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setLazyToolTip(*this, [this] {
+        QStringList lines{note_};
+        if (isElided()) lines.prepend(this->text());
+        lines.removeAll(QString());
+        return lines.join(u'\n');
+    });
 }
 
 bool ElidedLabel::isElided() const { return fontMetrics().horizontalAdvance(text()) > width(); }
-
-bool ElidedLabel::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QLabel::event(event);
-    QStringList lines{note_};
-    if (isElided()) lines.prepend(text());
-    lines.removeAll(QString());
-    QToolTip::showText(dynamic_cast<const QHelpEvent&>(*event).globalPos(),
-                       plainToolTip(lines.join(u'\n')), this);
-    return true;
-}
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);

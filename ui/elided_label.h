@@ -16,7 +16,6 @@ class ElidedLabel final : public QLabel {
     void setNote(const QString& note) { note_ = note; }
 
  protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
  private:

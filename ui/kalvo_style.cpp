@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include "ui/compositing.h"
 #include "ui/control_painter.h"
 #include "ui/paint.h"
 #include "ui/theme.h"
@@ -27,6 +28,19 @@ bool isWheelAcrossBar(const QObject* object, const QEvent& event) {
     return std::abs(delta.y()) > std::abs(delta.x());
 }
 
+constexpr double kPopupRadius = 9;  // points
+constexpr double kToolTipRadius = 6;
+
+bool isToolTip(const QWidget* widget) {
+    return widget->windowType() == Qt::ToolTip && widget->inherits("QTipLabel");
+}
+
+/// Whether a widget is the frame round the list of a drop-down menu.
+bool isListPopup(const QWidget* widget) {
+    return widget != nullptr && widget->windowType() == Qt::Popup &&
+           widget->inherits("QComboBoxPrivateContainer");
+}
+
 template <class Option>
 const Option& as(const QStyleOption* option) {
     return *static_cast<const Option*>(option);
@@ -39,6 +53,19 @@ KalvoStyle::KalvoStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 void KalvoStyle::polish(QApplication* application) {
     QProxyStyle::polish(application);
     application->installEventFilter(this);
+}
+
+void KalvoStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    const auto roundCorners = [widget] {
+        if (isDesktopComposited()) widget->setAttribute(Qt::WA_TranslucentBackground);
+    };
+    if (const auto* menu = qobject_cast<QMenu*>(widget)) {
+        // A menu is polished with its window, whose start need not wait for the desktop's answer.
+        connect(menu, &QMenu::aboutToShow, menu, roundCorners, Qt::SingleShotConnection);
+    } else if (isToolTip(widget)) {
+        roundCorners();
+    }
 }
 
 void KalvoStyle::unpolish(QApplication* application) {
@@ -113,13 +140,18 @@ void KalvoStyle::drawPrimitive(PrimitiveElement element,
             paintListSelection(as<QStyleOptionViewItem>(option), *painter);
             return;
         case PE_PanelMenu:
-            painter->fillRect(option->rect, theme.field);
+            paintPopup(option->rect, *painter, widget, kPopupRadius);
+            return;
+        case PE_FrameMenu:
             return;
         case PE_PanelTipLabel:
-            paintBox(*painter, option->rect, 0, theme.field, theme.fieldBorder);
+            paintPopup(option->rect, *painter, widget, kToolTipRadius);
             return;
         case PE_Frame:
-        case PE_FrameMenu:
+            if (isListPopup(widget)) {
+                paintPopup(widget->rect(), *painter, widget, kPopupRadius);
+                return;
+            }
             paintBox(*painter, option->rect, 0, Qt::transparent, theme.fieldBorder);
             if (showsFocus(*option)) paintFocusRing(*painter, option->rect, kFocusRingWidth);
             return;
@@ -146,6 +178,9 @@ void KalvoStyle::drawControl(ControlElement element,
             return;
         case CE_MenuItem:
             paintMenuItem(as<QStyleOptionMenuItem>(option), *painter);
+            return;
+        case CE_MenuEmptyArea:
+            // The menu's box is painted already, with its corners.
             return;
         case CE_MenuBarItem:
             paintMenuBarItem(as<QStyleOptionMenuItem>(option), *painter);
@@ -235,7 +270,10 @@ QRect KalvoStyle::subControlRect(ComplexControl control,
             return rest;
         }
     }
-    if (control == CC_ComboBox && part == SC_ComboBoxListBoxPopup) return option->rect;
+    if (control == CC_ComboBox && part == SC_ComboBoxListBoxPopup) {
+        // The list stands 2 points off the field, which ends above its shadow.
+        return option->rect.adjusted(0, -3, 0, 2);
+    }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
@@ -250,18 +288,18 @@ int KalvoStyle::pixelMetric(PixelMetric metric,
         case PM_MenuBarVMargin:
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:
-        case PM_MenuHMargin:
             return 0;
         // Without a panel width menus lose their border.
         case PM_MenuPanelWidth:
         case PM_SplitterWidth:
             return 1;
-        // Room for the ring of a page that scrolls with the keyboard.
+        // Space for the ring of a page that scrolls with the keyboard.
         case PM_DefaultFrameWidth:
             return qobject_cast<const QScrollArea*>(widget) != nullptr ? 2 : 1;
         case PM_ToolTipLabelFrameWidth:
             return 6;
         case PM_MenuVMargin:
+        case PM_MenuHMargin:
             return 4;
         case PM_MenuBarHMargin:
             return 7;
@@ -295,7 +333,7 @@ int KalvoStyle::styleHint(StyleHint hint,
 QIcon KalvoStyle::standardIcon(StandardPixmap icon,
                                const QStyleOption* option,
                                const QWidget* widget) const {
-    // A menu bar asks for it even if it has room for all its titles, as ours always has, and the
+    // A menu bar asks for it even if all its titles fit, as ours always has, and the
     // search in the desktop's icon themes begins with loading plugins.
     if (icon == SP_ToolBarHorizontalExtensionButton) return {};
     return QProxyStyle::standardIcon(icon, option, widget);

@@ -19,6 +19,7 @@ class KalvoStyle final : public QProxyStyle {
     using QProxyStyle::polish;
     using QProxyStyle::unpolish;
     void polish(QApplication* application) override;
+    void polish(QWidget* widget) override;
     void unpolish(QApplication* application) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 

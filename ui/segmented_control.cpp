@@ -104,6 +104,15 @@ void SegmentedControl::setIndex(int index) {
     if (QAbstractButton* segment = group_->button(index)) segment->setChecked(true);
 }
 
+void SegmentedControl::setNote(const QString& note) {
+    if (note == accessibleDescription()) return;
+    setAccessibleDescription(note);
+    for (Segment* segment : segments_) {
+        segment->setToolTip(note);
+        segment->setAccessibleDescription(note);
+    }
+}
+
 void SegmentedControl::resizeEvent(QResizeEvent*) {
     constexpr int kTextMargins = 12;  // points, on both sides together
     const int share = (width() - 2 * kTrackInset) / static_cast<int>(segments_.size());
@@ -126,7 +135,7 @@ void SegmentedControl::resizeEvent(QResizeEvent*) {
 void SegmentedControl::paintEvent(QPaintEvent*) {
     const Theme& theme = Theme::current();
     QPainter painter(this);
-    paintBox(painter, rect(), kCornerRadius, theme.track);
+    paintBox(painter, rect(), kCornerRadius, theme.track, theme.trackBorder);
     for (int i = 1; i < static_cast<int>(segments_.size()); ++i) {
         if (i == index() || i - 1 == index()) continue;
         const int x = segments_[static_cast<std::size_t>(i)]->x();

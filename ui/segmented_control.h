@@ -25,6 +25,9 @@ class SegmentedControl final : public QWidget {
     /// Chooses a segment without a signal; an index out of range leaves the choice.
     void setIndex(int index);
 
+    /// Says of every segment, in its tooltip and to screen readers, what the choice is for.
+    void setNote(const QString& note);
+
  signals:
     /// The user has chosen another segment.
     void indexChosen(int index);

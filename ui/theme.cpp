@@ -1,6 +1,8 @@
 #include "ui/theme.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -36,13 +38,16 @@ Theme lightTheme() {
         .accent = QColor(0x0b7a53),
         .accentHover = QColor(0x096a48),
         .accentPressed = QColor(0x07583c),
+        .accentBorder = Qt::transparent,
         .track = QColor(0xe5eae7),
+        .trackBorder = Qt::transparent,
         .thumb = QColor(0xffffff),
         .thumbBorder = QColor(0xd3dbd7),
         .windBox = translucent(graphics::kGreen, 0.12),
         .solarBox = translucent(graphics::kYellow, 0.12),
         .warningFill = QColor(0xfbf0e0),
         .warningBorder = QColor(0xeed9bb),
+        .boxBorder = Qt::transparent,
         .tablePaper = translucent(graphics::kGray, 0.05),
     };
 }
@@ -64,15 +69,77 @@ Theme darkTheme() {
         .accent = QColor(0x1b855b),
         .accentHover = QColor(0x187d55),
         .accentPressed = QColor(0x146646),
+        .accentBorder = Qt::transparent,
         .track = QColor(0x232a27),
+        .trackBorder = Qt::transparent,
         .thumb = QColor(0x3c4742),
         .thumbBorder = QColor(0x46534d),
         .windBox = translucent(graphics::kGreen, 0.12),
         .solarBox = translucent(graphics::kYellow, 0.12),
         .warningFill = QColor(0x2c2418),
         .warningBorder = QColor(0x4b3b24),
+        .boxBorder = Qt::transparent,
         .tablePaper = translucent(graphics::kGray, 0.05),
     };
+}
+
+/// Changes what every appearance in high contrast has in a color of its own.
+void setBorders(Theme& theme, const QColor& border) {
+    for (QColor* line : {&theme.fieldBorder, &theme.thumbBorder, &theme.trackBorder,
+                         &theme.boxBorder, &theme.warningBorder}) {
+        *line = border;
+    }
+}
+
+Theme highContrastLight() {
+    Theme theme = lightTheme();
+    theme.window = theme.sidebar = theme.field = theme.warningFill = Qt::white;
+    theme.text = Qt::black;
+    theme.secondaryText = QColor(0x2e3833);
+    theme.tertiaryText = QColor(0x47514c);
+    setBorders(theme, QColor(0x4a544f));
+    theme.divider = QColor(0x7b8781);
+    theme.accent = theme.brandText = QColor(0x00563a);
+    theme.accentHover = QColor(0x00452e);
+    theme.accentPressed = QColor(0x003322);
+    theme.orangeText = QColor(0x7a3a00);
+    return theme;
+}
+
+Theme highContrastDark() {
+    Theme theme = darkTheme();
+    theme.window = theme.sidebar = theme.field = theme.track = theme.warningFill = Qt::black;
+    theme.thumb = theme.buttonHover = QColor(0x2b3430);
+    theme.text = Qt::white;
+    theme.secondaryText = QColor(0xd5deda);
+    theme.tertiaryText = QColor(0xb4bfb9);
+    setBorders(theme, QColor(0xa4b1ab));
+    theme.divider = QColor(0x7b8781);
+    theme.accent = QColor(0x0a5f40);
+    theme.accentBorder = theme.brandText = QColor(0x6fe0ab);
+    theme.accentHover = QColor(0x0c6f4b);
+    theme.accentPressed = QColor(0x084d34);
+    theme.orangeText = QColor(0xffc27a);
+    return theme;
+}
+
+/// The relative luminance of an opaque color, 0 to 1 (WCAG 2.1).
+double luminance(const QColor& color) {
+    const auto linear = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+/// The appearance that goes with a desktop's palette.
+Theme themeFor(const QPalette& desktop) {
+    constexpr double kHighContrast = 20;
+    const QColor window = desktop.color(QPalette::Window);
+    const bool isDark = window.lightness() < 128;
+    const bool isHigh = contrastRatio(window, desktop.color(QPalette::WindowText)) >= kHighContrast;
+    if (isDark) return isHigh ? highContrastDark() : darkTheme();
+    return isHigh ? highContrastLight() : lightTheme();
 }
 
 Theme& chosenTheme() {
@@ -164,8 +231,7 @@ const Theme& Theme::darkAppearance() {
 }
 
 void Theme::apply(const base::Bundle& bundle) {
-    const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
-    chosenTheme() = dark ? Theme::darkAppearance() : Theme::lightAppearance();
+    chosenTheme() = themeFor(QApplication::palette());
     loadFonts(bundle);
     QApplication::setStyle(new KalvoStyle);
     QApplication::setPalette(palette(chosenTheme()));
@@ -186,6 +252,12 @@ QColor Theme::color(TextRole role) const {
             return orangeText;
     }
     return text;
+}
+
+double contrastRatio(const QColor& one, const QColor& other) {
+    const double a = luminance(one);
+    const double b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
 QFont font(FontStyle style, FontWeight weight) {

@@ -17,8 +17,8 @@ enum class FontWeight { kRegular, kBold };
 /// What a text is, and so which color it takes.
 enum class TextRole { kPrimary, kSecondary, kTertiary, kBrand, kOrange };
 
-/// The colors of the light or the dark appearance. Charts and flat maps keep a light paper of
-/// their own in both.
+/// The colors of the light or the dark appearance, each also in high contrast. Charts and flat maps
+/// keep a light paper of their own in all of them.
 struct Theme {
     bool dark;
     QColor window;
@@ -35,17 +35,21 @@ struct Theme {
     QColor accent;
     QColor accentHover;
     QColor accentPressed;
-    QColor track;  // of segmented controls
+    QColor accentBorder;  // transparent except in high contrast, as the two below
+    QColor track;         // of segmented controls
+    QColor trackBorder;
     QColor thumb;
     QColor thumbBorder;
     QColor windBox;   // green at 12 % on whatever lies below
     QColor solarBox;  // yellow at 12 %
     QColor warningFill;
     QColor warningBorder;
+    QColor boxBorder;   // of the boxes
     QColor tablePaper;  // gray at 5 %
 
-    /// The appearance of this run. Dark is decided once, from the lightness of the desktop's
-    /// window color, when `apply` is called.
+    /// The appearance of this run. It is decided once, when `apply` is called: dark by the
+    /// lightness of the desktop's window color, high contrast where its texts have a contrast of
+    /// 20:1 or more.
     [[nodiscard]] static const Theme& current();
 
     /// The two appearances, for the pictures that look the same in both.
@@ -58,6 +62,9 @@ struct Theme {
 
     [[nodiscard]] QColor color(TextRole role) const;
 };
+
+/// Returns the contrast ratio of two opaque colors, 1 to 21 (WCAG 2.1).
+[[nodiscard]] double contrastRatio(const QColor& one, const QColor& other);
 
 /// The font of a text style. Bold is the semibold face: at these sizes a heavier one runs together.
 [[nodiscard]] QFont font(FontStyle style, FontWeight weight = FontWeight::kRegular);

@@ -34,7 +34,7 @@ void TintedLabel::setWarning(bool isWarning) {
 void TintedLabel::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(this);
-        paintBox(painter, rect(), kRadius, tint_);
+        paintBox(painter, rect(), kRadius, tint_, Theme::current().boxBorder);
         if (isWarning_) {
             // The text stands in the middle of the box, which has space for more lines.
             const QRect lines = fontMetrics().boundingRect(

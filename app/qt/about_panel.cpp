@@ -35,6 +35,9 @@ AboutPanel::AboutPanel(QWidget* parent) : QDialog(parent) {
                                base::toQString(kWebAddress)),
                       FontStyle::kCaption2, FontWeight::kRegular, TextRole::kSecondary);
     credits->setAlignment(Qt::AlignHCenter);
+    // Wide enough for the window's title and its buttons.
+    constexpr int kTitleWidth = 380;  // points
+    credits->setMinimumWidth(kTitleWidth);
 
     auto* close = new QPushButton(QStringLiteral("&Chiudi"));
     close->setProperty("prominent", true);

@@ -51,6 +51,9 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
 
 void DetailColumn::showState() {
     map_->setIndex(state_.activeTab);
+    map_->setNote(state_.selectedCountry == kOnlineCountry
+                      ? QStringLiteral("Vale per Italia, San Marino e Città del Vaticano")
+                      : QString());
     area_->showState();
     analysis_->setIndex(state_.activeDetailsTab);
     details_->setView({.activeDetailsTab = state_.activeDetailsTab,

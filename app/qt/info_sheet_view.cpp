@@ -1,5 +1,7 @@
 #include "app/qt/info_sheet_view.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -71,7 +73,7 @@ QWidget* makeTexts() {
 
 }  // namespace
 
-InfoSheetView::InfoSheetView(QWidget* parent) : QDialog(parent, Qt::Sheet) {
+InfoSheetView::InfoSheetView(QWidget* parent) : QDialog(parent, Qt::Sheet), texts_(makeTexts()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Informazioni"));
     setFixedSize(450, 350);
@@ -95,9 +97,23 @@ InfoSheetView::InfoSheetView(QWidget* parent) : QDialog(parent, Qt::Sheet) {
     column->setSpacing(16);
     column->addWidget(title, 0, Qt::AlignHCenter);
     column->addWidget(version, 0, Qt::AlignHCenter);
-    column->addWidget(makeTexts(), 1);
+    column->addWidget(texts_, 1);
     column->addWidget(close, 0, Qt::AlignHCenter);
     close->setFocus();
+}
+
+void InfoSheetView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Home:
+        case Qt::Key_End:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            // It comes back from texts that do not scroll.
+            if (!texts_->hasFocus()) QCoreApplication::sendEvent(texts_, event);
+            return;
+        default:
+            QDialog::keyPressEvent(event);
+    }
 }
 
 }  // namespace kalvo::app

@@ -11,6 +11,13 @@ class InfoSheetView final : public QDialog {
 
  public:
     explicit InfoSheetView(QWidget* parent);
+
+ protected:
+    /// Hands the keys that scroll on to the texts, wherever the focus is.
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    QWidget* texts_;
 };
 
 }  // namespace kalvo::app

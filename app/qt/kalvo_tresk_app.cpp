@@ -4,6 +4,7 @@
 #include <array>
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QMenuBar>
 #include <QScreen>
@@ -81,7 +82,7 @@ QMainWindow* Kalvo_TreskApp::openWindow() {
 
 void Kalvo_TreskApp::addMenus(QMainWindow& window, MainScreen& screen) {
     addApplicationMenu(window, screen);
-    addMapMenu(window);
+    addMapMenu(window, screen);
     addPrivacyMenu(window);
     auto* information = new QShortcut(QKeySequence(Qt::Key_F1), &window);
     connect(information, &QShortcut::activated, &screen, &MainScreen::showInformation);
@@ -118,13 +119,19 @@ void Kalvo_TreskApp::showReport(QMainWindow& window, const ContentView& state) {
     shown->activateWindow();
 }
 
-void Kalvo_TreskApp::addMapMenu(QMainWindow& window) {
+void Kalvo_TreskApp::addMapMenu(QMainWindow& window, MainScreen& screen) {
     QMenu* menu = window.menuBar()->addMenu(QStringLiteral("&Visualizza && Mappe"));
     int key = Qt::Key_1;
+    auto* maps = new QActionGroup(menu);
     for (const MapItem& item : kMapItems) {
-        menu->addAction(base::toQString(item.title), QKeySequence(Qt::CTRL | key++), this,
-                        [this, item] { notifications_.post(item.notification); });
+        QAction* action =
+            menu->addAction(base::toQString(item.title), QKeySequence(Qt::CTRL | key++), this,
+                            [this, item] { notifications_.post(item.notification); });
+        action->setCheckable(true);
+        maps->addAction(action);
     }
+    connect(menu, &QMenu::aboutToShow, &screen,
+            [maps, &screen] { maps->actions().at(screen.state().activeTab)->setChecked(true); });
 }
 
 void Kalvo_TreskApp::addPrivacyMenu(QMainWindow& window) {

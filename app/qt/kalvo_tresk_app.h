@@ -28,7 +28,7 @@ class Kalvo_TreskApp final : public QObject {
     void showIcon();
     void addMenus(QMainWindow& window, MainScreen& screen);
     void addApplicationMenu(QMainWindow& window, MainScreen& screen);
-    void addMapMenu(QMainWindow& window);
+    void addMapMenu(QMainWindow& window, MainScreen& screen);
     void addPrivacyMenu(QMainWindow& window);
     /// Opens the report on the shown result, or brings an open one up to date.
     void showReport(QMainWindow& window, const ContentView& state);

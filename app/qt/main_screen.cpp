@@ -12,7 +12,7 @@ constexpr int kWidestSidebar = 480;
 constexpr int kNarrowestDetails = 309;
 
 /// Lays out what has changed now. By itself every level of widgets within widgets takes a turn of
-/// the event loop, and a frame painted between two of them shows texts squeezed into the room of
+/// the event loop, and a frame painted between two of them shows texts squeezed into the space of
 /// the last ones.
 void flushLayoutRequests() {
     constexpr int kDeepestLevel = 6;

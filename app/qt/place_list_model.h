@@ -20,11 +20,14 @@ class PlaceListModel final : public QAbstractListModel {
 
     /// The row of a name, or -1; the first one where it stands twice.
     [[nodiscard]] int rowOf(const std::string& name) const;
+    /// The rows of the longest names, at most 30.
+    [[nodiscard]] std::vector<int> longestRows() const;
     [[nodiscard]] const std::string& name(int row) const {
         return names_[static_cast<std::size_t>(row)];
     }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    /// Nothing for a row that is not there.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
  private:

@@ -4,11 +4,13 @@
 #include <QTimerEvent>
 #include <QVBoxLayout>
 
+#include "app/qt/station_text.h"
 #include "base/qt/qstring.h"
 #include "base/shown_text.h"
 #include "ui/announcement.h"
 #include "ui/divider.h"
 #include "ui/icons.h"
+#include "ui/lazy_tool_tip.h"
 #include "ui/paint.h"
 #include "ui/spinner.h"
 #include "ui/theme.h"
@@ -31,7 +33,8 @@ QVBoxLayout* makeColumn(QWidget* page, int spacing) {
     return column;
 }
 
-/// Keeps room for so many lines, so that what stands below stays where it is when the text comes.
+/// Keeps the height of so many lines, so that what stands below stays where it is when the text
+/// comes.
 void reserveLines(QLabel& label, int lines) {
     label.setMinimumHeight(lines * label.fontMetrics().lineSpacing() + 2 * label.margin());
 }
@@ -52,8 +55,12 @@ void showText(QLabel& label, const std::string& text) {
 
 }  // namespace
 
-ResultWidget::ResultWidget(QWidget* parent)
-    : QWidget(parent), pages_(new QStackedWidget), texts_(makeTexts()), progress_(makeProgress()) {
+ResultWidget::ResultWidget(const ContentView& state, QWidget* parent)
+    : QWidget(parent),
+      state_(state),
+      pages_(new QStackedWidget),
+      texts_(makeTexts()),
+      progress_(makeProgress()) {
     pages_->addWidget(texts_);
     pages_->addWidget(progress_);
     QVBoxLayout* column = makeColumn(this, 8);
@@ -69,6 +76,9 @@ QWidget* ResultWidget::makeTexts() {
     details_ = new ui::SelectableLabel;
     ui::setTextStyle(*details_, FontStyle::kCaption, FontWeight::kRegular, TextRole::kSecondary);
     details_->setWordWrap(true);
+    ui::setLazyToolTip(*details_, [this] {
+        return state_.shownResult ? stationText(state_, state_.shownResult->place) : QString();
+    });
     result_ = new ui::TintedLabel(ui::font(FontStyle::kBody, FontWeight::kBold), theme.windBox);
     solarResult_ =
         new ui::TintedLabel(ui::font(FontStyle::kSubheadline, FontWeight::kBold), theme.solarBox);
@@ -119,12 +129,12 @@ QLayout* ResultWidget::makeButtons() {
     return row;
 }
 
-void ResultWidget::showState(const ContentView& state) {
-    pages_->setCurrentWidget(state.isFetchingOnline ? progress_ : texts_);
-    showText(*details_, base::shownText(state.detailsText));
-    result_->setWarning(state.showsMessage());
-    showText(*result_, state.resultText);
-    showText(*solarResult_, state.pvResultText);
+void ResultWidget::showState() {
+    pages_->setCurrentWidget(state_.isFetchingOnline ? progress_ : texts_);
+    showText(*details_, base::shownText(state_.detailsText));
+    result_->setWarning(state_.showsMessage());
+    showText(*result_, state_.resultText);
+    showText(*solarResult_, state_.pvResultText);
 }
 
 void ResultWidget::acknowledgeCopy() {

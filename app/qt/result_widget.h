@@ -17,10 +17,11 @@ class ResultWidget final : public QWidget {
     Q_OBJECT
 
  public:
-    explicit ResultWidget(QWidget* parent = nullptr);
+    /// The state outlives the widget.
+    explicit ResultWidget(const ContentView& state, QWidget* parent = nullptr);
 
     /// Shows the texts of the state. What has changed is announced to screen readers.
-    void showState(const ContentView& state);
+    void showState();
     /// Tells for two seconds, over whatever stands below the button, that the result was copied.
     void acknowledgeCopy();
 
@@ -37,6 +38,7 @@ class ResultWidget final : public QWidget {
     [[nodiscard]] QWidget* makeProgress();
     [[nodiscard]] QLayout* makeButtons();
 
+    const ContentView& state_;
     QStackedWidget* pages_;
     QWidget* texts_;
     QWidget* progress_;

@@ -4,11 +4,13 @@
 #include <QLabel>
 #include <QScrollBar>
 
+#include "app/qt/station_text.h"
 #include "base/qt/qstring.h"
 #include "ui/announcement.h"
 #include "ui/divider.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
+#include "ui/lazy_tool_tip.h"
 #include "ui/theme.h"
 
 namespace kalvo::app {
@@ -69,7 +71,7 @@ SidebarWidget::SidebarWidget(ContentView& state, QWidget* parent)
       state_(state),
       page_(new QWidget),
       column_(new QVBoxLayout(page_)),
-      result_(new ResultWidget) {
+      result_(new ResultWidget(state)) {
     QPalette colors = palette();
     colors.setColor(QPalette::Window, ui::Theme::current().sidebar);
     setPalette(colors);
@@ -172,6 +174,13 @@ QLayout* SidebarWidget::makeSearchGroup() {
     place_ = new ui::ComboBox;
     places_ = new PlaceListModel(this);
     place_->setModel(places_);
+    place_->longestRows = [this] { return places_->longestRows(); };
+    ui::setLazyToolTip(*place_, [this] {
+        const engine::Location* chosen = state_.selectedPlace();
+        QStringList lines{place_->elidedText(), chosen ? stationText(state_, *chosen) : QString()};
+        lines.removeAll(QString());
+        return lines.join(u'\n');
+    });
     QVBoxLayout* group = makeGroup();
     group->addWidget(makeTitle(QStringLiteral("&Cerca Località"), search_));
     group->addWidget(search_);
@@ -251,7 +260,7 @@ void SidebarWidget::showState() {
     showText(*search_, state_.searchText);
     searchButton_->setVisible(state_.selectedCountry == kOnlineCountry);
     showPlaces();
-    result_->showState(state_);
+    result_->showState();
 }
 
 void SidebarWidget::showPlaces() {

@@ -54,6 +54,9 @@ TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
         QTest::keyClick(window, static_cast<Qt::Key>(Qt::Key_1 + map), Qt::ControlModifier);
         EXPECT_EQ(state().activeTab, map);
     }
+    click("Mappa Vento");
+    emit menuOf(*window, 1)->aboutToShow();
+    EXPECT_TRUE(menuOf(*window, 1)->actions().at(2)->isChecked());
     EXPECT_THAT(posted, ElementsAre("SelectTab1", "SelectTab2", "SelectTab0"));
 }
 

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QScrollBar>
 
 #include "tests/app/screen_fixture.h"
 #include "tests/support/pictures.h"
@@ -315,6 +316,11 @@ TEST_F(ScreenTest, TheInformationSheetIsModalAndClosesWithEscape) {
     auto* sheet = qobject_cast<InfoSheetView*>(QApplication::activeModalWidget());
     ASSERT_NE(sheet, nullptr);
     EXPECT_EQ(sheet->size(), QSize(450, 350));
+    const QScrollBar* bar = sheet->findChild<ui::ScrollPage*>()->verticalScrollBar();
+    QTest::keyClick(sheet, Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    QTest::keyClick(sheet, Qt::Key_Home);
+    EXPECT_EQ(bar->value(), 0);
     screen().redraw();
     EXPECT_EQ(window->findChildren<InfoSheetView*>().size(), 1) << "one sheet, however often drawn";
     QTest::keyClick(sheet, Qt::Key_Escape);

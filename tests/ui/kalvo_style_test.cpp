@@ -25,26 +25,13 @@ const base::Bundle& bundle() {
     return resources;
 }
 
-/// Gives the application the light or dark look, as the desktop's window color asks for.
-void applyTheme(const QColor& desktop) {
+/// Gives the application the look that a desktop of these colors asks for.
+void applyTheme(const QColor& window, const QColor& text) {
     QPalette palette;
-    palette.setColor(QPalette::Window, desktop);
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
     QApplication::setPalette(palette);
     Theme::apply(bundle());
-}
-
-/// Contrast ratio of WCAG 2.1 between two opaque colors.
-double contrast(const QColor& a, const QColor& b) {
-    const auto luminance = [](const QColor& color) {
-        const auto linear = [](double value) {
-            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-               0.0722 * linear(color.blueF());
-    };
-    const double first = luminance(a);
-    const double second = luminance(b);
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
 QColor blended(const QColor& top, const QColor& ground) {
@@ -56,23 +43,39 @@ QColor blended(const QColor& top, const QColor& ground) {
 }
 
 TEST(ThemeTest, EveryTextCanBeReadOnItsGround) {
-    for (const int desktop : {255, 0}) {
-        applyTheme(QColor(desktop, desktop, desktop));
+    struct Desktop {
+        QColor window;
+        QColor text;
+        double leastText;    // contrast ratio
+        double leastBorder;  // of fields, against what lies around them; 1 asks for nothing
+    };
+    for (const auto& [window, text, leastText, leastBorder] :
+         {Desktop{0xf0f0f0, 0x202020, 4.5, 1}, Desktop{0x202020, 0xf0f0f0, 4.5, 1},
+          // Desktops of high contrast: 21:1.
+          Desktop{Qt::white, Qt::black, 7, 3}, Desktop{Qt::black, Qt::white, 7, 3}}) {
+        applyTheme(window, text);
         const Theme& theme = Theme::current();
+        EXPECT_EQ(theme.dark, window.lightness() < 128);
+        for (const QColor& border : {theme.fieldBorder, theme.thumbBorder}) {
+            EXPECT_GE(contrastRatio(border, theme.field), leastBorder);
+            EXPECT_GE(contrastRatio(border, theme.track), leastBorder);
+        }
+        EXPECT_GE(contrastRatio(theme.text, theme.warningFill), 4.5);
+        EXPECT_GE(contrastRatio(theme.orangeText, theme.warningFill), 4.5);
         for (const QColor& ground : {theme.window, theme.sidebar, theme.field}) {
-            for (const QColor& text : {theme.text, theme.secondaryText, theme.tertiaryText,
-                                       theme.brandText, theme.orangeText}) {
-                EXPECT_GE(contrast(text, ground), 4.5)
-                    << text.name().toStdString() << " on " << ground.name().toStdString();
+            for (const QColor& color : {theme.text, theme.secondaryText, theme.tertiaryText,
+                                        theme.brandText, theme.orangeText}) {
+                EXPECT_GE(contrastRatio(color, ground), leastText)
+                    << color.name().toStdString() << " on " << ground.name().toStdString();
             }
         }
         for (const QColor& fill : {theme.accent, theme.accentHover, theme.accentPressed}) {
-            EXPECT_GE(contrast(Qt::white, fill), 4.5) << fill.name().toStdString();
+            EXPECT_GE(contrastRatio(Qt::white, fill), 4.5) << fill.name().toStdString();
         }
-        EXPECT_GE(contrast(theme.secondaryText, theme.track), 4.5);
+        EXPECT_GE(contrastRatio(theme.secondaryText, theme.track), 4.5);
         for (const QColor& tint : {theme.windBox, theme.solarBox}) {
-            EXPECT_GE(contrast(theme.text, blended(tint, theme.sidebar)), 4.5);
-            EXPECT_GE(contrast(theme.orangeText, blended(tint, theme.window)), 4.5);
+            EXPECT_GE(contrastRatio(theme.text, blended(tint, theme.sidebar)), 4.5);
+            EXPECT_GE(contrastRatio(theme.orangeText, blended(tint, theme.window)), 4.5);
         }
     }
 }
@@ -80,7 +83,7 @@ TEST(ThemeTest, EveryTextCanBeReadOnItsGround) {
 class StyleTest : public testing::Test {
  protected:
     StyleTest() {
-        applyTheme(Qt::white);
+        applyTheme(QColor(0xf0f0f0), QColor(0x202020));
         auto* column = new QVBoxLayout(&window);
         for (QWidget* control : std::initializer_list<QWidget*>{&bordered, &prominent, &field}) {
             column->addWidget(control);
@@ -190,12 +193,43 @@ TEST_F(StyleTest, ALongPickerOpensWithoutLookingAtEveryEntry) {
     CountingList list;
     ComboBox picker;
     picker.setModel(&list);
+    picker.longestRows = [] { return std::vector{7999}; };
     picker.show();
     picker.setCurrentIndex(4000);
     picker.showPopup();
     QApplication::processEvents();
-    EXPECT_TRUE(picker.view()->isVisible());
+    ASSERT_TRUE(picker.view()->isVisible());
     EXPECT_LT(list.asked, 800);
+    const auto middle = [&] {
+        const QRect row = picker.view()->visualRect(picker.view()->currentIndex());
+        return std::abs(row.center().y() - picker.view()->viewport()->rect().center().y()) <= 26;
+    };
+    EXPECT_TRUE(middle());
+    QTest::keyClicks(picker.view(), "6543");
+    EXPECT_EQ(picker.view()->currentIndex().row(), 6543);
+    EXPECT_TRUE(middle());
+    picker.hidePopup();
+}
+
+TEST_F(StyleTest, AnEntryThatDoesNotFitKeepsWhatTellsNamesakesApart) {
+    const QFontMetrics metrics(font(FontStyle::kBody));
+    const QString label = "Llanfairpwllgwyngyllgogerychwyrndrobwll (Wales) [lat: 53.2, lon: -4.2]";
+    const int whole = metrics.horizontalAdvance(label);
+    EXPECT_EQ(elidedEntry(label, metrics, whole), label);
+    for (const int width : {whole - 1, whole / 2, 80}) {
+        const QString shown = elidedEntry(label, metrics, width);
+        EXPECT_LE(metrics.horizontalAdvance(shown), width + 1);
+        EXPECT_EQ(shown.endsWith(QString::fromUtf8("… (Wales) [lat: 53.2, lon: -4.2]")),
+                  width > 80);
+    }
+
+    ComboBox picker;
+    picker.addItems({label + label, "Roma"});
+    picker.resize(200, 31);
+    picker.show();
+    picker.showPopup();
+    EXPECT_EQ(picker.view()->parentWidget()->width(), 480);
+    EXPECT_EQ(picker.elidedText(), label + label);
     picker.hidePopup();
 }
 

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QScrollBar>
 #include <QTextStream>
 
 #include "app/qt/kalvo_tresk_app.h"
@@ -31,6 +32,8 @@ void addOptions(QCommandLineParser& parser) {
     parser.addHelpOption();
     parser.addOptions(
         {{"dark", "Take the desktop for a dark one."},
+         {"contrast", "Take the desktop for one of high contrast."},
+         {"scroll", "Scroll the detail column by so many points.", "points"},
          {"size", "The window's size in points.", "width>x<height", "1320x900"},
          {"country", "Choose this entry of the country picker.", "name"},
          {"search", "Type this text into the search field.", "text"},
@@ -41,6 +44,16 @@ void addOptions(QCommandLineParser& parser) {
          {"place", "Choose this entry of the place picker.", "label"},
          {"report", "Open the report, or save it where the picture's name ends in pdf."},
          {"sheet", "Open the information sheet."}});
+}
+
+/// Makes the theme believe in a desktop of these colors.
+void applyDesktopColors(bool isDark, bool isHighContrast) {
+    const QColor light = isHighContrast ? QColor(Qt::white) : QColor(0xf0f0f0);
+    const QColor dark = isHighContrast ? QColor(Qt::black) : QColor(0x202020);
+    QPalette desktop = QApplication::palette();
+    desktop.setColor(QPalette::Window, isDark ? dark : light);
+    desktop.setColor(QPalette::WindowText, isDark ? light : dark);
+    QApplication::setPalette(desktop);
 }
 
 /// Lets the window live for a moment: layouts, images and the globe's first frames.
@@ -63,6 +76,10 @@ void work(app::MainScreen& screen, const QCommandLineParser& options) {
     set("quantity", [&](const QString& text) { state.quantityString = text.toStdString(); });
     set("map", [&](const QString& tab) { state.activeTab = tab.toInt(); });
     set("details", [&](const QString& tab) { state.activeDetailsTab = tab.toInt(); });
+    set("scroll", [&](const QString& points) {
+        settle();
+        screen.findChild<app::DetailColumn*>()->verticalScrollBar()->setValue(points.toInt());
+    });
     set("fetching", [&](const QString&) { state.isFetchingOnline = true; });
     set("sheet", [&](const QString&) { state.showInfoSheet = true; });
 }
@@ -84,9 +101,7 @@ int main(int argc, char** argv) {
     options.process(application);
     if (options.positionalArguments().size() != 1) options.showHelp(2);
 
-    QPalette desktop = QApplication::palette();
-    desktop.setColor(QPalette::Window, options.isSet("dark") ? Qt::black : Qt::white);
-    QApplication::setPalette(desktop);
+    applyDesktopColors(options.isSet("dark"), options.isSet("contrast"));
 
     const base::Bundle& bundle = base::Bundle::main();
     ui::Theme::apply(bundle);
