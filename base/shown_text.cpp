@@ -27,6 +27,7 @@ bool isControl(std::string_view codePoint) {
     };
     return isIn(std::string_view("\0", 1), "\x1F") || codePoint == "\x7F" ||
            isIn("\u0080", "\u009F") || codePoint == "\u061C" || isIn("\u200E", "\u200F") ||
+           // NOLINTNEXTLINE(misc-misleading-bidirectional): the very characters to be found.
            isIn("\u2028", "\u202E") || isIn("\u2066", "\u2069");
 }
 

@@ -1,5 +1,6 @@
 #include "net/curl_library.h"
 
+#include <bit>
 #include <optional>
 
 #include <dlfcn.h>
@@ -20,7 +21,7 @@ std::optional<CurlLibrary> load() {
     bool isComplete = true;
     const auto find = [&](const char* name, auto& function) {
         void* const address = dlsym(file, name);
-        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(address);
+        function = std::bit_cast<std::remove_reference_t<decltype(function)>>(address);
         isComplete = isComplete && address != nullptr;
     };
     CurlLibrary curl{};

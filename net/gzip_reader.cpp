@@ -13,13 +13,14 @@ GzipReader::GzipReader() {
 GzipReader::~GzipReader() { inflateEnd(&stream_); }
 
 GzipReader::Result GzipReader::read(std::string_view bytes, std::string& out, std::size_t limit) {
-    // zlib takes its input through a pointer that is not const, but leaves it as it is.
-    stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+    const void* const in = bytes.data();
+    stream_.next_in = static_cast<const Bytef*>(in);
     stream_.avail_in = static_cast<uInt>(bytes.size());
-    std::array<char, 16384> piece;
+    std::array<char, 16384> piece{};
+    void* const unpacked = piece.data();
     do {
         if (isComplete_) return stream_.avail_in > 0 ? Result::kCorrupt : Result::kFine;
-        stream_.next_out = reinterpret_cast<Bytef*>(piece.data());
+        stream_.next_out = static_cast<Bytef*>(unpacked);
         stream_.avail_out = static_cast<uInt>(piece.size());
         const int status = inflate(&stream_, Z_NO_FLUSH);
         if (status != Z_OK && status != Z_STREAM_END && status != Z_BUF_ERROR) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+// Its input is const then.
+#define ZLIB_CONST
 #include <zlib.h>
 
 namespace kalvo::net {

@@ -44,7 +44,7 @@ struct HttpWorker::Transfer {
         curl.slistFreeAll(headers);
     }
 
-    void setUp(CURLSH* share, const std::string& authorities);
+    void setUp(CURLSH* share, std::string& authorities);
     [[nodiscard]] std::optional<std::string> header(const char* name) const;
     [[nodiscard]] std::string explanation(CURLcode code) const;
     [[nodiscard]] Result<HttpAnswer> answer(CURLcode code);
@@ -75,12 +75,14 @@ struct HttpWorker::Transfer {
     std::optional<Error> refusal;  // why the transfer was ended on this side
 };
 
-void HttpWorker::Transfer::setUp(CURLSH* share, const std::string& authorities) {
+void HttpWorker::Transfer::setUp(CURLSH* share, std::string& authorities) {
     const auto set = [this](CURLoption option, auto value) {
         curl.easySetopt(easy, option, value);
     };
     for (const auto& [name, value] : asked.headers) {
-        headers = curl.slistAppend(headers, (name + ": " + value).c_str());
+        std::string line = name;
+        line.append(": ").append(value);
+        headers = curl.slistAppend(headers, line.c_str());
     }
     set(CURLOPT_URL, asked.url.c_str());
     set(CURLOPT_PATH_AS_IS, 1L);
@@ -100,8 +102,7 @@ void HttpWorker::Transfer::setUp(CURLSH* share, const std::string& authorities) 
     // A name lookup that is given up goes on by itself instead of being waited for.
     set(CURLOPT_QUICK_EXIT, 1L);
     if (!authorities.empty()) {
-        const curl_blob blob{const_cast<char*>(authorities.data()), authorities.size(),
-                             CURL_BLOB_NOCOPY};
+        const curl_blob blob{authorities.data(), authorities.size(), CURL_BLOB_NOCOPY};
         set(CURLOPT_CAINFO_BLOB, &blob);
     }
 }
@@ -248,7 +249,7 @@ void HttpWorker::serve(const CurlLibrary& curl) {
     curl.shareCleanup(share_);
 }
 
-void HttpWorker::obey(const CurlLibrary& curl, Orders orders) {
+void HttpWorker::obey(const CurlLibrary& curl, Orders&& orders) {
     for (auto& [id, download] : orders.started) {
         auto transfer = std::make_unique<Transfer>(curl, id, std::move(download));
         transfer->setUp(share_, authorities_);
@@ -270,6 +271,7 @@ void HttpWorker::finishTransfers(const CurlLibrary& curl) {
         const auto found = std::find_if(
             transfers_.begin(), transfers_.end(),
             [=](const auto& transfer) { return transfer->easy == message->easy_handle; });
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): libcurl's message is one.
         end(curl, **found, (*found)->answer(message->data.result));
     }
 }

@@ -67,7 +67,7 @@ class HttpWorker {
     void give(const std::function<void(Orders&)>& order);
     void run();
     void serve(const CurlLibrary& curl);
-    void obey(const CurlLibrary& curl, Orders orders);
+    void obey(const CurlLibrary& curl, Orders&& orders);
     void finishTransfers(const CurlLibrary& curl);
     void endOverdue(const CurlLibrary& curl);
     [[nodiscard]] int millisecondsToNextDeadline() const;
