@@ -9,8 +9,8 @@ using graphics::kGray;
 
 const ChartLook& ChartLook::screen() {
     static const ChartLook look{.isPrinted = false,
-                                .label = kGray,
-                                .ringLabel = kGray,
+                                .label = Color::hex("#6c6c70"),
+                                .ringLabel = Color::hex("#6c6c70"),
                                 .oneSize = std::nullopt,
                                 .gridOpacity = 1,
                                 .gridWidth = 1,

@@ -6,18 +6,33 @@
 
 #include <fmt/format.h>
 
+#include "base/numbers.h"
+
 namespace kalvo::charts {
 
 namespace {
 
+/// Puts a point between the thousands of a figure with a decimal comma or none.
+void groupThousands(std::string& text) {
+    const std::size_t first = text.starts_with('-') ? 1 : 0;
+    for (std::size_t end = std::min(text.find(','), text.size()); end > first + 3; end -= 3) {
+        text.insert(end - 3, 1, '.');
+    }
+}
+
 std::string figure(double value) {
     constexpr double kLongest = 1e6;
     if (!std::isfinite(value)) return "?";
-    std::string text =
-        std::abs(value) < kLongest ? fmt::format("{:.1f}", value) : fmt::format("{:.3g}", value);
-    if (text.ends_with(".0")) text.resize(text.size() - 2);
-    std::replace(text.begin(), text.end(), '.', ',');
-    return text == "-0" ? "0" : text;
+    if (std::abs(value) >= kLongest) {
+        std::string text = fmt::format("{:.3g}", value);
+        std::replace(text.begin(), text.end(), '.', ',');
+        return text;
+    }
+    std::string text = base::italianDecimal(value, 1);
+    if (text.ends_with(",0")) text.resize(text.size() - 2);
+    if (text == "-0") return "0";
+    groupThousands(text);
+    return text;
 }
 
 std::string quantity(double value, std::string_view one, std::string_view many) {

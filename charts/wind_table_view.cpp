@@ -13,12 +13,14 @@ std::int64_t WindTableView::days(std::size_t windClass, std::size_t month) const
     return countsOfMonth(distribution, CalculationEngine::months.at(month)).at(windClass);
 }
 
-std::string WindTableView::clipboardText() const {
+std::string WindTableView::clipboardText(const Block& block) const {
     std::string text(kCorner);
-    for (const std::string_view month : CalculationEngine::months) (text += '\t') += month;
-    for (std::size_t windClass = 0; windClass < WindRange::kCount; ++windClass) {
-        (text += '\n') += WindRange::labels[windClass];
-        for (std::size_t month = 0; month < CalculationEngine::months.size(); ++month) {
+    for (std::size_t month = block.firstMonth; month <= block.lastMonth; ++month) {
+        (text += '\t') += CalculationEngine::months.at(month);
+    }
+    for (std::size_t windClass = block.firstClass; windClass <= block.lastClass; ++windClass) {
+        (text += '\n') += WindRange::labels.at(windClass);
+        for (std::size_t month = block.firstMonth; month <= block.lastMonth; ++month) {
             (text += '\t') += std::to_string(days(windClass, month));
         }
     }

@@ -21,8 +21,20 @@ struct WindTableView {
     /// Days of a class (0 to 6) in a month (0 to 11); 0 where the data hold none.
     [[nodiscard]] std::int64_t days(std::size_t windClass, std::size_t month) const;
 
-    /// Header and seven class rows of thirteen fields, without a line feed at the end.
-    [[nodiscard]] std::string clipboardText() const;
+    /// Some of the table's classes (0 to 6) and months (0 to 11), from the first to the last.
+    struct Block {
+        std::size_t firstClass = 0;
+        std::size_t lastClass = 6;
+        std::size_t firstMonth = 0;
+        std::size_t lastMonth = 11;
+        friend bool operator==(const Block&, const Block&) = default;
+    };
+
+    /// Returns the header and a row for each class as tab-separated fields, without a line feed at
+    /// the end: of the whole table or of a block, always with the headings of its months and
+    /// classes.
+    [[nodiscard]] std::string clipboardText(const Block& block) const;
+    [[nodiscard]] std::string clipboardText() const { return clipboardText({}); }
 
     [[nodiscard]] std::string_view copyButtonText() const {
         return copiedNotice ? "Copiato!" : "Copia Dati Tabella";

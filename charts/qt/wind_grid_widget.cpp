@@ -1,9 +1,13 @@
 #include "charts/qt/wind_grid_widget.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -32,7 +36,7 @@ constexpr int kRowGap = 6;
 constexpr int kRule = 1;
 constexpr int kDot = 8;
 constexpr int kDotGap = 8;
-/// Room for the focus ring before and after a cell's text, out of the gap between columns.
+/// Space for the focus ring before and after a cell's text, out of the gap between columns.
 constexpr int kInset = WindGridWidget::kInset;
 
 int advance(const QFontMetricsF& metrics, const QString& text) {
@@ -49,6 +53,7 @@ class Header final : public QHeaderView {
         setSectionResizeMode(QHeaderView::Fixed);
         setMinimumSectionSize(1);
         setHighlightSections(false);
+        setSectionsClickable(true);
         viewport()->setAutoFillBackground(false);
     }
 
@@ -60,7 +65,9 @@ class Header final : public QHeaderView {
  protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override {
         painter->setFont(font());
-        painter->setPen(Theme::current().text);
+        const bool isSelected =
+            section > 0 && selectionModel()->columnIntersectsSelection(section, {});
+        painter->setPen(isSelected ? Theme::current().brandText : Theme::current().text);
         painter->drawText(rect.adjusted(kInset, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop,
                           model()->headerData(section, Qt::Horizontal).toString());
         const int left = rect.left() + (section == 0 ? kInset : 0);
@@ -78,18 +85,17 @@ class CellDelegate final : public QStyledItemDelegate {
     void paint(QPainter* painter,
                const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
+        if (isSelectedFigure(option, index)) paintSelection(*painter, option.rect, index);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         QRect rect = option.rect.adjusted(kInset, 0, 0, 0);
         const QVariant color = index.data(Qt::DecorationRole);
         if (color.isValid()) {
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(color.value<QColor>());
-            painter->drawEllipse(
-                QRectF(rect.left(), rect.center().y() + 0.5 - kDot / 2.0, kDot, kDot));
+            const QRectF dot(rect.left(), rect.center().y() + 0.5 - kDot / 2.0, kDot, kDot);
+            paintDot(*painter, dot, color.value<QColor>(), index.row());
             rect.setLeft(rect.left() + kDot + kDotGap);
         }
-        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
+        painter->setPen(textColor(option, index));
         painter->drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
         painter->restore();
         const QStyle::State focused = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
@@ -98,6 +104,58 @@ class CellDelegate final : public QStyledItemDelegate {
             const int after = isLast ? 0 : kColumnGap - 2 * kInset;
             ui::paintFocusRing(*painter, option.rect.adjusted(0, 1, -after, -1), 4);
         }
+    }
+
+ private:
+    [[nodiscard]] const QItemSelectionModel& selection() const {
+        return *qobject_cast<const QAbstractItemView*>(parent())->selectionModel();
+    }
+
+    /// A class's label is selected with its row, but shows it by its color alone.
+    static bool isSelectedFigure(const QStyleOptionViewItem& option, const QModelIndex& index) {
+        return index.column() > 0 && (option.state & QStyle::State_Selected);
+    }
+
+    [[nodiscard]] QColor textColor(const QStyleOptionViewItem& option,
+                                   const QModelIndex& index) const {
+        if (isSelectedFigure(option, index)) return Theme::current().text;
+        const bool isHeading = index.column() == 0;
+        if (isHeading && selection().rowIntersectsSelection(index.row(), {})) {
+            return Theme::current().brandText;
+        }
+        return index.data(Qt::ForegroundRole).value<QColor>();
+    }
+
+    /// Fills a selected cell, and draws the edges at which the selection ends.
+    void paintSelection(QPainter& painter, const QRect& rect, const QModelIndex& index) const {
+        painter.fillRect(rect, QColor(Theme::current().dark ? 0x1e372b : 0xd5e8e1));
+        const double line = ui::hairlineWidth(painter);
+        const QRectF cell = ui::snappedToPixels(painter, rect);
+        const auto drawEdge = [&](int rows, int columns, const QRectF& edge) {
+            const QModelIndex neighbor =
+                index.siblingAtRow(index.row() + rows).siblingAtColumn(index.column() + columns);
+            if (neighbor.column() > 0 && selection().isSelected(neighbor)) return;
+            painter.fillRect(edge, Theme::current().brandText);
+        };
+        drawEdge(-1, 0, {cell.left(), cell.top(), cell.width(), line});
+        drawEdge(1, 0, {cell.left(), cell.bottom() - line, cell.width(), line});
+        drawEdge(0, -1, {cell.left(), cell.top(), line, cell.height()});
+        drawEdge(0, 1, {cell.right() - line, cell.top(), line, cell.height()});
+    }
+
+    static void paintDot(QPainter& painter, const QRectF& dot, const QColor& color, int windClass) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        // The lightest colors would not show on the light paper.
+        static constexpr std::array kOutlines{0x848a92, 0x7d948e, 0x629473};
+        const auto row = static_cast<std::size_t>(windClass);
+        if (Theme::current().dark || row >= kOutlines.size()) {
+            painter.drawEllipse(dot);
+            return;
+        }
+        const double line = ui::hairlineWidth(painter);
+        painter.setPen(QPen(QColor(kOutlines.at(row)), line));
+        painter.drawEllipse(dot.adjusted(line / 2, line / 2, -line / 2, -line / 2));
     }
 };
 
@@ -110,14 +168,14 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
     setPaper();
     setShowGrid(false);
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(NoSelection);
+    setSelectionMode(ContiguousSelection);
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     setItemDelegate(new CellDelegate(this));
 
-    // Before there are rows and columns, which the headers that a table begins with would measure
-    // in bold fonts that nothing shows.
+    // Set before there are rows and columns: the default headers would measure those in bold
+    // faces that are loaded for nothing else.
     setHorizontalHeader(new Header(this));
     verticalHeader()->hide();
     setRowCount(kRows);
@@ -128,6 +186,12 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(lineHeight(font()) + kRowGap);
+
+    // The headings of what is selected change, too.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        viewport()->update();
+        horizontalHeader()->viewport()->update();
+    });
 
     QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -141,6 +205,49 @@ WindGridWidget::WindGridWidget(QWidget* parent) : QTableWidget(parent) {
         item(row, 0)->setForeground(Theme::current().text);
         item(row, 0)->setData(Qt::DecorationRole, graphics::toQColor(WindRange::colors[windClass]));
     }
+}
+
+std::optional<WindTableView::Block> WindGridWidget::selectedBlock() const {
+    const QModelIndexList cells = selectedIndexes();
+    if (cells.isEmpty()) return std::nullopt;
+    const auto [first, last] = std::minmax_element(cells.begin(), cells.end());
+    const auto [left, right] = std::ranges::minmax(cells, {}, &QModelIndex::column);
+    return WindTableView::Block{
+        .firstClass = static_cast<std::size_t>(first->row()),
+        .lastClass = static_cast<std::size_t>(last->row()),
+        .firstMonth = static_cast<std::size_t>(std::max(left.column(), 1) - 1),
+        .lastMonth = static_cast<std::size_t>(right.column() - 1)};
+}
+
+QItemSelectionModel::SelectionFlags WindGridWidget::selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* event) const {
+    const auto command = QTableWidget::selectionCommand(index, event);
+    const bool isHeading = index.isValid() && index.column() == 0;
+    return isHeading ? command | QItemSelectionModel::Rows : command;
+}
+
+void WindGridWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        emit copyRequested();
+    } else if (event->key() == Qt::Key_Escape && selectedBlock()) {
+        clearSelection();
+    } else {
+        QTableWidget::keyPressEvent(event);
+    }
+}
+
+void WindGridWidget::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* copy =
+        menu->addAction(QStringLiteral("Copia selezione"), this, &WindGridWidget::copyRequested);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setEnabled(selectedBlock().has_value());
+    QAction* all =
+        menu->addAction(QStringLiteral("Seleziona tutto"), this, [this] { selectAll(); });
+    all->setShortcut(QKeySequence::SelectAll);
+    for (QAction* action : {copy, all}) action->setShortcutVisibleInContextMenu(true);
+    menu->popup(event->globalPos());
 }
 
 void WindGridWidget::setPaper() {

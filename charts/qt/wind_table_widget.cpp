@@ -4,7 +4,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QTimerEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "base/qt/qstring.h"
@@ -50,6 +50,7 @@ WindTableWidget::WindTableWidget(base::Clipboard& clipboard, QWidget* parent)
     // As wide as its longer text, so that the notice does not make it jump.
     button_->setMinimumWidth(button_->sizeHint().width());
     connect(button_, &QPushButton::clicked, this, &WindTableWidget::copy);
+    connect(grid_, &WindGridWidget::copyRequested, this, &WindTableWidget::copySelection);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -71,13 +72,16 @@ void WindTableWidget::copy() {
     view_.copyToClipboard(clipboard_);
     showNotice();
     // Every press has a timer of its own: the first one to fire ends the notice.
-    startTimer(std::chrono::seconds(2), Qt::PreciseTimer);
+    QTimer::singleShot(std::chrono::seconds(2), Qt::PreciseTimer, this, [this] {
+        view_.copiedNotice = false;
+        showNotice();
+    });
 }
 
-void WindTableWidget::timerEvent(QTimerEvent* event) {
-    killTimer(event->timerId());
-    view_.copiedNotice = false;
-    showNotice();
+void WindTableWidget::copySelection() {
+    if (const auto block = grid_->selectedBlock()) {
+        clipboard_.setString(view_.clipboardText(*block));
+    }
 }
 
 void WindTableWidget::showNotice() { button_->setText(base::toQString(view_.copyButtonText())); }

@@ -9,7 +9,7 @@ namespace kalvo::charts {
 
 class WindGridWidget;
 
-/// A wind table on its paper with the button that copies it.
+/// A wind table on its paper with the button that copies it whole.
 class WindTableWidget final : public QWidget {
     Q_OBJECT
 
@@ -20,11 +20,9 @@ class WindTableWidget final : public QWidget {
     /// Leaves a copy notice that is being shown as it is.
     void setDistribution(engine::WindDistribution distribution);
 
- protected:
-    void timerEvent(QTimerEvent* event) override;
-
  private:
     void copy();
+    void copySelection();
     void showNotice();
 
     base::Clipboard& clipboard_;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -10,7 +11,9 @@
 #include <QTest>
 
 #include "charts/qt/chart_widget.h"
+#include "charts/qt/pv_estimate_panel.h"
 #include "tests/support/recording_clipboard.h"
+#include "ui/divider.h"
 
 namespace kalvo::charts {
 namespace {
@@ -165,6 +168,48 @@ TEST_F(DetailsNotebookTest, TableScrollsWhereItIsNarrowAndLeavesTheWheelToThePan
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(table().viewport(), &wheel);
     EXPECT_FALSE(wheel.isAccepted());
+}
+
+TEST_F(DetailsNotebookTest, CopiesASelectedBlockWithItsHeadings) {
+    const auto at = [this](int row, int column) {
+        return table().visualItemRect(table().item(row, column)).center();
+    };
+    const auto copied = [this] {
+        clipboard.contents = "nothing";
+        QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+        return clipboard.contents;
+    };
+    EXPECT_EQ(copied(), "nothing");
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, at(3, 1));
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ShiftModifier, at(4, 2));
+    EXPECT_EQ(copied(), "Velocità\tGen\tFeb\n10-20 km/h\t9\t0\n20-30 km/h\t6\t0");
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, at(2, 0));
+    EXPECT_EQ(copied(),
+              "Velocità\tGen\tFeb\tMar\tApr\tMag\tGiu\tLug\tAgo\tSet\tOtt\tNov\tDic\n"
+              "5-10 km/h\t7\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0");
+    QHeaderView& header = *table().horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      {header.sectionViewportPosition(1) + 5, 5});
+    EXPECT_TRUE(copied().starts_with("Velocità\tGen\n< 2 km/h\t1\n"));
+    QTest::keyClick(&table(), Qt::Key_A, Qt::ControlModifier);
+    const std::string all = copied();
+    QTest::mouseClick(&copyButton(), Qt::LeftButton);
+    EXPECT_EQ(all, clipboard.contents) << "all is what the button copies";
+    QTest::keyClick(&table(), Qt::Key_Escape);
+    EXPECT_EQ(copied(), "nothing");
+}
+
+TEST_F(DetailsNotebookTest, TheEstimateFillsItsWidthStackedAndHugsItsTextsSideBySide) {
+    view.activeDetailsTab = 1;
+    widget.setView(view);
+    resizeTo(600);
+    EXPECT_EQ(places<PvEstimatePanel>().front().width(), places<ChartWidget>().front().width());
+    EXPECT_EQ(places<ui::Divider>().size(), 1u);
+    resizeTo(1200);
+    const QRect panel = places<PvEstimatePanel>().front();
+    EXPECT_LT(panel.width(), 300);
+    EXPECT_LT(std::abs(panel.center().x() - (8 + (1200 - 32) / 4)), 12) << "centered in its half";
+    EXPECT_TRUE(places<ui::Divider>().empty());
 }
 
 TEST_F(DetailsNotebookTest, NoticeOfACopyEndsTwoSecondsAfterTheFirstPress) {
