@@ -136,7 +136,7 @@ class RecordingCanvas : public graphics::Canvas {
     }
     /// A few points are all told, of many only how many there are.
     static std::string text(const graphics::LineBatch& lines) {
-        constexpr std::size_t kFew = 10;
+        constexpr std::size_t kFew = 60;
         if (lines.points.size() > kFew) {
             return fmt::format("{} of {} points", lines.lineCount(), lines.points.size());
         }
