@@ -14,23 +14,23 @@ class Bundle {
  public:
     explicit Bundle(std::filesystem::path root) : root_(std::move(root)) {}
 
-    /// The application's own: "resources" beside the executable (a build tree), else
+    /// Returns the application's own: "resources" beside the executable (a build tree), else
     /// "../share/kalvo-tresk" from there (an installation). The working directory plays no part.
     [[nodiscard]] static const Bundle& main();
 
-    /// The path of the resource file `name`.`type`, or nothing when there is none.
+    /// Returns the path of the resource file `name`.`type`, or nothing when there is none.
     [[nodiscard]] std::optional<std::filesystem::path> path(std::string_view name,
                                                             std::string_view type) const;
 
-    /// The path of a named image: of the image catalogue (images/`name`.png, with @2x and @3x
-    /// variants beside it), else of the resource file `name`.png, else nothing.
+    /// Returns the path of a named image: of the image catalogue (images/`name`.png, with @2x and
+    /// @3x variants beside it), else of the resource file `name`.png, else nothing.
     [[nodiscard]] std::optional<std::filesystem::path> image(std::string_view name) const;
 
  private:
     std::filesystem::path root_;
 };
 
-/// All bytes of a file, or why it cannot be read.
+/// Returns all bytes of a file, or fails with the domain "FileRead" and an errno code.
 [[nodiscard]] Result<std::string> readFile(const std::filesystem::path& path);
 
 }  // namespace kalvo::base

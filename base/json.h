@@ -17,8 +17,8 @@ namespace kalvo::base {
 /// string of its digits and any other as null.
 class JsonDocument {
  public:
-    /// How deep arrays and objects may be nested: up to 1,024 levels, or as deep as memory allows,
-    /// which takes 16 bytes for each byte of the text.
+    /// Says how deep arrays and objects may be nested: up to 1,024 levels, or as deep as memory
+    /// allows, which takes 16 bytes for each byte of the text.
     enum class Nesting { kLimited, kAny };
 
     /// Fails with the domain "JSON" and a simdjson error code for what is no JSON.

@@ -12,7 +12,7 @@ namespace kalvo::base {
 /// it. A notification carries nothing but its name. Used on the user-interface thread only.
 class NotificationCenter {
  public:
-    /// An observer's place in the center, which ends with this value.
+    /// Keeps an observer in the center for as long as it lives.
     class Observation {
      private:
         friend class NotificationCenter;
@@ -25,7 +25,7 @@ class NotificationCenter {
         std::shared_ptr<Observer> observer_;
     };
 
-    /// The center of the process.
+    /// Returns the center of the process.
     [[nodiscard]] static NotificationCenter& defaultCenter();
 
     [[nodiscard]] Observation observe(std::string name, std::function<void()> notified);

@@ -7,9 +7,8 @@
 namespace kalvo::base {
 
 /// Returns the number that the whole text is, as the C library reads one in the "C" locale ("+5",
-/// "1e3",
-/// ".5", "inf" and hexadecimal included); nothing when it is empty, begins with a blank or has
-/// anything after the number.
+/// "1e3", ".5", "inf" and hexadecimal included); nothing when it is empty, begins with a blank or
+/// has anything after the number.
 [[nodiscard]] std::optional<double> parseDouble(std::string_view text);
 
 /// Returns the shortest decimal text that reads back as the same double, always with a fraction

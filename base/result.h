@@ -13,7 +13,7 @@ struct Error {
     int code;
     std::string message;
 
-    /// One line for a diagnostic: the message, or domain and code where there is none.
+    /// Returns one line for a diagnostic: the message, or domain and code where there is none.
     [[nodiscard]] std::string description() const {
         return message.empty() ? domain + " (" + std::to_string(code) + ")" : message;
     }

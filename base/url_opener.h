@@ -4,7 +4,7 @@
 
 namespace kalvo::base {
 
-/// The desktop round the application.
+/// Opens addresses in other programs of the desktop.
 class UrlOpener {
  public:
     virtual ~UrlOpener() = default;

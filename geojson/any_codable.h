@@ -13,9 +13,9 @@ namespace kalvo::geojson {
 /// A recursive coordinate value: a number, or an array of such values. It is a view of a value
 /// inside a `CoordinateList` and valid as long as that list is, unchanged; copying it is cheap.
 ///
-/// The values of one list stand in one pool of words. A word is a number or, marked by a bit
-/// pattern that no number of a JSON text has, an array: where its elements stand in the pool, and
-/// how many they are. A position of two numbers so takes 24 bytes.
+/// The values of one list stand in one pool of 64-bit words, by NaN-boxing: a word is a double or,
+/// inside the payload of a NaN, which JSON cannot write, an array's first element and size. A
+/// position of two numbers takes 24 bytes.
 class AnyCodable {
  public:
     using Word = std::uint64_t;
@@ -46,10 +46,10 @@ class AnyCodable {
     [[nodiscard]] bool isNumber() const { return word_ < kArrayMark; }
     [[nodiscard]] bool isArray() const { return !isNumber(); }
 
-    /// The value of a number; only to be asked of one.
+    /// Returns the value of a number; the value must be one.
     [[nodiscard]] double number() const { return std::bit_cast<double>(word_); }
 
-    /// How many elements an array has; 0 for a number.
+    /// Returns how many elements an array has; 0 for a number.
     [[nodiscard]] std::size_t size() const {
         if (isNumber()) return 0;
         const Word size = word_ >> kSizeShift & kLargeSize;
@@ -57,25 +57,26 @@ class AnyCodable {
     }
     [[nodiscard]] bool empty() const { return size() == 0; }
 
-    /// An element of an array; `index` is below its size.
+    /// Returns an element of an array; `index` is below its size.
     [[nodiscard]] AnyCodable operator[](std::size_t index) const {
         return {pool_, elements()[index]};
     }
     [[nodiscard]] AnyCodable front() const { return (*this)[0]; }
 
-    /// Whether this is a GeoJSON position: an array that begins with two numbers, longitude first.
+    /// Returns whether this is a GeoJSON position: an array that begins with two numbers, longitude
+    /// first.
     [[nodiscard]] bool isPosition() const {
         return size() >= 2 && (*this)[0].isNumber() && (*this)[1].isNumber();
     }
 
-    /// The elements of an array in order; none for a number.
+    /// Iterate over the elements of an array in order; none for a number.
     [[nodiscard]] Iterator begin() const { return {pool_, isArray() ? elements() : nullptr}; }
     [[nodiscard]] Iterator end() const {
         return {pool_, isArray() ? elements() + size() : nullptr};
     }
 
-    /// The words of a pool. The elements of an array stand from `first` on, which fits 32 bits
-    /// because texts of 4 GB and more are not read; the word before them holds the size from
+    /// Return the words of a pool. The elements of an array stand from `first` on, which fits 32
+    /// bits because texts of 4 GB and more are not read; the word before them holds the size from
     /// `kLargeSize` on.
     [[nodiscard]] static Word numberWord(double number) { return std::bit_cast<Word>(number); }
     [[nodiscard]] static Word arrayWord(std::size_t first, std::size_t size) {
@@ -84,7 +85,7 @@ class AnyCodable {
     static constexpr Word kLargeSize = 0x7'FFFF;
 
  private:
-    /// The bit patterns from here on are those of NaNs, which JSON cannot write.
+    /// The bit patterns from here on are those of quiet NaNs with a sign.
     static constexpr Word kArrayMark = 0xFFF8'0000'0000'0000;
     static constexpr int kSizeShift = 32;
 
@@ -105,7 +106,6 @@ class CoordinateList {
     explicit CoordinateList(std::vector<Word> pool) : pool_(std::move(pool)) {}
 
     [[nodiscard]] std::size_t size() const { return root().size(); }
-    [[nodiscard]] bool empty() const { return root().empty(); }
     [[nodiscard]] AnyCodable operator[](std::size_t index) const { return root()[index]; }
     [[nodiscard]] AnyCodable::Iterator begin() const { return root().begin(); }
     [[nodiscard]] AnyCodable::Iterator end() const { return root().end(); }
@@ -122,7 +122,7 @@ class CoordinateList {
 
 /// Calls `visit` for every value of the list in document order, each before its elements. The
 /// elements of an array follow only when `visit` returns true for it. Nesting of any depth is
-/// walked without recursion.
+/// traversed without recursion.
 template <class Visit>
 void traverse(const CoordinateList& list, Visit visit) {
     struct Open {

@@ -84,7 +84,7 @@ class CoordinateReader {
         std::size_t slot;
     };
 
-    /// Makes room for the elements of an array that goes into a slot.
+    /// Reserves the words for the elements of an array that goes into a slot.
     Open append(const array& values, std::size_t slot) {
         const std::size_t size = exactSize(values);
         if (size >= AnyCodable::kLargeSize) words_[used_++] = size;

@@ -33,7 +33,7 @@ struct GeoFeature {
     boost::container::flat_map<std::string, StringAnyDecodable, std::less<>> properties;
     GeoGeometry geometry;
 
-    /// The text of a property, or null when the feature has none of this name.
+    /// Returns the text of a property, or null when the feature has none of this name.
     [[nodiscard]] const std::string* property(std::string_view key) const;
 
     friend bool operator==(const GeoFeature&, const GeoFeature&) = default;

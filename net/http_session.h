@@ -20,8 +20,8 @@ struct HttpRequest {
 
 /// Downloads over HTTP. The answer is the whole body, whatever the status code says. Up to five
 /// redirects are followed, and only to "https" addresses. A failure is one of transport (no
-/// connection, a timeout, a body that breaks off or goes beyond 8 MiB unpacked, a redirect that
-/// is refused) with a message a person understands. Giving up the task gives up the download.
+/// connection, a timeout, an answer that is incomplete, damaged or beyond 8 MiB, a redirect that is
+/// refused) with a message a person understands. Giving up the task gives up the download.
 class HttpSession {
  public:
     virtual ~HttpSession() = default;

@@ -11,14 +11,15 @@
 /// default in place.
 namespace kalvo::online {
 
-/// Days per wind-speed class for each of the twelve months, brought to the length of the month.
+/// Returns the days per wind-speed class for each of the twelve months, brought to the length of
+/// the month.
 [[nodiscard]] engine::WindDistribution parseWindSpeedsJSON(const JsonDocument& json);
 
-/// The chart's own values, rounded, for each of the sixteen directions.
+/// Returns the chart's own values, rounded, for each of the sixteen directions.
 [[nodiscard]] engine::WindRoseData parseWindRoseJSON(const JsonDocument& json);
 
-/// Days per sky condition as the chart gives them; nothing without a document (null) or when it
-/// has no series array.
+/// Returns the days per sky condition as the chart gives them; nothing without a document (null) or
+/// when it has no series array.
 [[nodiscard]] std::optional<engine::SolarData> parseCloudCoverageJSON(const JsonDocument* json);
 
 }  // namespace kalvo::online

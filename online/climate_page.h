@@ -21,9 +21,9 @@ struct ChartAddresses {
 /// front of every one. Takes time linear in the page, 0.1 s for the worst of 8 MiB.
 [[nodiscard]] std::optional<ChartAddresses> findChartAddresses(std::string_view page);
 
-/// What group 1 captured in every match of the pattern in the text (UTF-8), from left to right; a
-/// match in which it took no part is left out. None for a pattern that is no regular expression.
-/// Takes time linear in the text, whatever the text.
+/// Returns what group 1 captured in every match of the pattern in the text (UTF-8), from left to
+/// right; a match in which it took no part is left out. None for a pattern that is no regular
+/// expression. Takes time linear in the text, whatever the text.
 [[nodiscard]] std::vector<std::string> matches(std::string_view pattern, std::string_view text);
 
 }  // namespace kalvo::online

@@ -34,30 +34,30 @@ class MeteoblueScraper {
                      ServiceOrigins origins,
                      base::Diagnostics& diagnostics);
 
-    /// The application's own instance, on the public services through libcurl.
+    /// Returns the application's own instance, on the public services through libcurl.
     [[nodiscard]] static MeteoblueScraper& shared();
 
-    /// Places that match the text, in the site's order, or by distance from the click point
-    /// (degrees) when both of its coordinates are given. An answer that cannot be read gives
+    /// Returns the places that match the text, in the site's order, or by distance from the click
+    /// point (degrees) when both of its coordinates are given. An answer that cannot be read gives
     /// none; only a failed transport is a failure.
     [[nodiscard]] base::Task<base::Result<std::vector<MeteoblueSearchResult>>> searchLocations(
         std::string query, std::optional<double> clickLat, std::optional<double> clickLon);
 
-    /// The climate of the place whose search result has this slug: the page, then its wind speeds,
-    /// wind rose and cloud charts, one after another. Fails with "InvalidURL", 400 for a slug that
-    /// an address cannot hold, "InvalidData", 404 for a page that is not UTF-8,
+    /// Returns the climate of the place whose search result has this slug: the page, then its wind
+    /// speeds, wind rose and cloud charts, one after another. Fails with "InvalidURL", 400 for a
+    /// slug that an address cannot hold, "InvalidData", 404 for a page that is not UTF-8,
     /// "EndpointsNotFound", 404 for one without its wind charts, and as `fetchJSON` does for the
     /// wind charts.
     [[nodiscard]] base::Task<base::Result<ClimateData>> fetchClimateData(std::string slug);
 
-    /// An Italian name for a point (degrees), or `countryName` when there is none to be had. A
+    /// Returns an Italian name for a point (degrees), or `countryName` when none is available. A
     /// failed transport leaves a diagnostic line.
     [[nodiscard]] base::Task<std::string> reverseGeocode(double lat,
                                                          double lon,
                                                          std::string countryName);
 
-    /// The JSON object at an address of the site; for this room. Fails with "InvalidURL", 400 for
-    /// what is no address and "InvalidJSON", 500 for JSON that is no object.
+    /// Returns the JSON object at an address of the site; internal to this library. Fails with
+    /// "InvalidURL", 400 for what is no address and "InvalidJSON", 500 for JSON that is no object.
     [[nodiscard]] base::Task<base::Result<JsonDocument>> fetchJSON(std::string urlString);
 
  private:

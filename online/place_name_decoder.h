@@ -6,8 +6,8 @@
 
 namespace kalvo::online {
 
-/// The most specific settlement that an answer of the reverse geocoding names, as it names it;
-/// nothing when it names none.
+/// Returns the most specific settlement that an answer of the reverse geocoding names, as it names
+/// it; nothing when it names none.
 [[nodiscard]] std::optional<std::string> decodePlaceName(std::string_view body);
 
 }  // namespace kalvo::online

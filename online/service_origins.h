@@ -9,7 +9,7 @@ struct ServiceOrigins {
     std::string meteoblue;
     std::string nominatim;
 
-    /// The public services, which the application uses.
+    /// Returns the public services, which the application uses.
     [[nodiscard]] static ServiceOrigins publicServices() {
         return {"https://www.meteoblue.com", "https://nominatim.openstreetmap.org"};
     }

@@ -4,7 +4,7 @@
 
 namespace kalvo::base {
 
-/// The desktop as Qt finds it.
+/// Opens addresses as the desktop is set up to.
 class QtUrlOpener final : public UrlOpener {
  public:
     bool open(std::string_view address) override;
