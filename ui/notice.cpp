@@ -1,8 +1,8 @@
 #include "ui/notice.h"
 
-#include <QAccessibleWidget>
 #include <QPainter>
 
+#include "ui/accessible_role.h"
 #include "ui/announcement.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
@@ -18,11 +18,6 @@ constexpr int kSymbolLeft = 8;
 constexpr int kSymbolSize = 16;
 constexpr int kTextLeft = 30;
 constexpr int kTextRight = 10;
-
-QAccessibleInterface* alertInterface(const QString& className, QObject* object) {
-    if (className != QLatin1String(Notice::staticMetaObject.className())) return nullptr;
-    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::AlertMessage);
-}
 
 struct NoticeLook {
     QString symbol;
@@ -47,10 +42,7 @@ NoticeLook lookOf(Notice::Kind kind) {
 
 Notice::Notice(Kind kind, QWidget* parent)
     : QWidget(parent), kind_(kind), label_(new ElidedLabel(QString(), this)) {
-    [[maybe_unused]] static const bool hasRole = [] {
-        QAccessible::installFactory(alertInterface);
-        return true;
-    }();
+    installAccessibleRole<Notice, QAccessible::AlertMessage>();
     label_->setFont(ui::font(FontStyle::kCaption));
     QPalette colors = label_->palette();
     colors.setColor(QPalette::WindowText, lookOf(kind).text);

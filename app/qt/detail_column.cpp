@@ -25,7 +25,7 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
     // While it is empty: taking in a page measures it.
     setWidget(page);
     layout_ = new DetailLayout(*this, page);
-    notice_ = new ui::Notice(ui::Notice::Kind::kWarning, page);
+    notice_ = new ui::Notice(ui::Notice::Kind::kWarning);
     constexpr QMargins kMapPadding(16, 16, 16, 16);  // points
     constexpr QMargins kAnalysisPadding(8, 8, 8, 8);
     layout_->addFixed(map_, kMapPadding);

@@ -12,6 +12,7 @@
 #include "ui/accessible_role.h"
 #include "ui/copy_picture_menu.h"
 #include "ui/paint.h"
+#include "ui/tool_tip.h"
 
 namespace kalvo::charts {
 
@@ -92,14 +93,7 @@ QImage ChartWidget::picture(double scale) const {
 }
 
 void ChartWidget::showTip(const QPointF& position) {
-    const QString text = textAt(position);
-    // "< 2 km/h" would be taken for markup.
-    QToolTip::showText(
-        mapToGlobal(position).toPoint(),
-        text.isEmpty()
-            ? text
-            : QStringLiteral("<div style='white-space:pre'>%1</div>").arg(text.toHtmlEscaped()),
-        this);
+    QToolTip::showText(mapToGlobal(position).toPoint(), ui::plainToolTip(textAt(position)), this);
 }
 
 bool ChartWidget::event(QEvent* event) {

@@ -67,7 +67,7 @@ void PvEstimatePanel::paintEvent(QPaintEvent* /*event*/) {
     const double radius = stacked ? 12 : 8;
     const QColor fill = graphics::toQColor(graphics::kYellow.withOpacity(stacked ? 0.12 : 0.1));
     QPainter painter(this);
-    ui::paintBox(painter, rect(), radius, fill);
+    ui::paintBox(painter, rect(), radius, fill, Theme::current().boxBorder);
 }
 
 }  // namespace kalvo::charts
