@@ -49,7 +49,7 @@ TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
 
     TestServices<TrustingSession> world(KALVO_SOURCE_DIR "/resources",
                                         {server.origin(), server.origin()});
-    RecordingWorkspace urlOpener;
+    RecordingUrlOpener urlOpener;
     base::NotificationCenter notifications;
     Kalvo_TreskApp application(world.services, notifications, urlOpener);
     const std::unique_ptr<QMainWindow> window(application.openWindow());

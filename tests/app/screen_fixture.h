@@ -14,7 +14,7 @@
 
 namespace kalvo::app {
 
-class RecordingWorkspace final : public base::UrlOpener {
+class RecordingUrlOpener final : public base::UrlOpener {
  public:
     bool open(std::string_view address) override {
         opened.emplace_back(address);
@@ -76,7 +76,7 @@ class ScreenTest : public testing::Test, protected TestServices<tests::ScriptedS
         QTest::mouseClick(named<QAbstractButton>(button), Qt::LeftButton);
     }
 
-    RecordingWorkspace urlOpener;
+    RecordingUrlOpener urlOpener;
     base::NotificationCenter notifications;
     Kalvo_TreskApp application{services, notifications, urlOpener};
     QMainWindow* window;

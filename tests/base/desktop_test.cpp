@@ -34,7 +34,7 @@ class Browser final : public QObject {
     QStringList opened;
 };
 
-TEST(QtWorkspaceTest, OpensCompleteHttpsAddressesOnly) {
+TEST(QtUrlOpenerTest, OpensCompleteHttpsAddressesOnly) {
     Browser browser;
     QtUrlOpener urlOpener;
     EXPECT_TRUE(urlOpener.open("https://www.kalvo.example"));
@@ -47,7 +47,7 @@ TEST(QtWorkspaceTest, OpensCompleteHttpsAddressesOnly) {
     EXPECT_EQ(browser.opened.size(), 1);
 }
 
-TEST(QtPasteboardTest, ReplacesTheClipboardByPlainText) {
+TEST(QtClipboardTest, ReplacesTheClipboardByPlainText) {
     auto* rich = new QMimeData;
     rich->setHtml(QStringLiteral("<b>old</b>"));
     QGuiApplication::clipboard()->setMimeData(rich);
