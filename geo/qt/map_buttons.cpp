@@ -1,5 +1,7 @@
 #include "geo/qt/map_buttons.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QPainter>
 #include <QToolTip>
@@ -26,11 +28,8 @@ const QColor kIneffective(0xa3aea8);
 
 }  // namespace
 
-MapButton::MapButton(const QString& symbol,
-                     const QString& name,
-                     const QString& key,
-                     QWidget* parent)
-    : QAbstractButton(parent), symbol_(symbol) {
+MapButton::MapButton(QString symbol, const QString& name, const QString& key, QWidget* parent)
+    : QAbstractButton(parent), symbol_(std::move(symbol)) {
     setAccessibleName(name);
     setToolTip(QStringLiteral("%1 (%2)").arg(name, key));
     setFocusPolicy(Qt::NoFocus);

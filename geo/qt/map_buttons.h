@@ -13,7 +13,7 @@ class MapButton final : public QAbstractButton {
 
  public:
     /// `name` is told by screen readers, with the key in parentheses by the tooltip.
-    MapButton(const QString& symbol, const QString& name, const QString& key, QWidget* parent);
+    MapButton(QString symbol, const QString& name, const QString& key, QWidget* parent);
 
     /// Shows whether pressing it changes anything. It is never disabled, since its presses would
     /// then go to the map below.
