@@ -37,6 +37,11 @@ graphics::Stroke ChartLook::gridline(double screenOpacity) const {
     return {kGray.withOpacity(screenOpacity * gridOpacity), gridWidth};
 }
 
+graphics::Rect ChartLook::dataArea(graphics::Size chart) {
+    constexpr double kTop = 14;  // points, six less than a month of 31 days reaches
+    return {0, kTop, chart.width, chart.height - kTop};
+}
+
 void ChartLook::fillSegment(graphics::Canvas& canvas,
                             graphics::Size chart,
                             const graphics::Rect& segment,
@@ -45,7 +50,7 @@ void ChartLook::fillSegment(graphics::Canvas& canvas,
         canvas.fillRect(segment, color);
         return;
     }
-    const graphics::Rect seen = intersection(segment, {0, 0, chart.width, chart.height});
+    const graphics::Rect seen = intersection(segment, dataArea(chart));
     if (seen.height <= 0) return;
     canvas.fillRect(seen, color);
     if (outline) canvas.strokeRoundedRect(seen, 0, *outline);

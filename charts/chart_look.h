@@ -23,8 +23,9 @@ struct ChartLook {
     /// Returns the style of a label that has `screenSize` points on a screen.
     [[nodiscard]] graphics::TextStyle labelStyle(double screenSize, bool bold) const;
     [[nodiscard]] graphics::Stroke gridline(double screenOpacity) const;
-    /// Fills a segment of a bar, on paper only the part of it that lies in the chart, with its
-    /// outline.
+    /// Returns the part of a chart on paper that its data may cover: above it stands a caption.
+    [[nodiscard]] static graphics::Rect dataArea(graphics::Size chart);
+    /// Fills a segment of a bar, on paper only the part of it in the data area, with its outline.
     void fillSegment(graphics::Canvas& canvas,
                      graphics::Size chart,
                      const graphics::Rect& segment,

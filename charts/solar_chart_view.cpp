@@ -135,18 +135,23 @@ void SolarChartView::draw(graphics::Canvas& canvas,
                      .label = look.labelStyle(7, false),
                      .alignsLabels = look.isPrinted});
         for (std::size_t month = 0; month < MonthPlot::kMonths; ++month) {
-            forEachSegment(
-                solarData, plot, month, [&](Condition condition, const graphics::Rect& rect) {
-                    look.fillSegment(canvas, size, rect, color(condition));
-                    if (!look.isPrinted || condition != Condition::kPartlyCloudy) return;
-                    drawHatching(canvas, intersection(rect, {0, 0, size.width, size.height}));
-                });
+            forEachSegment(solarData, plot, month,
+                           [&](Condition condition, const graphics::Rect& rect) {
+                               look.fillSegment(canvas, size, rect, color(condition));
+                               if (!look.isPrinted || condition != Condition::kPartlyCloudy) return;
+                               drawHatching(canvas, intersection(rect, ChartLook::dataArea(size)));
+                           });
             canvas.drawText(engine::CalculationEngine::months[month],
                             {bars.center(month), plot.baseline + 10}, look.labelStyle(8, false));
         }
         const graphics::Path precipitation{{{precipitationLine(solarData, plot), false}}};
-        if (look.isPrinted) canvas.strokePath(precipitation, {graphics::kWhite, 3.4});
+        if (look.isPrinted) {
+            canvas.save();
+            canvas.clipRoundedRect(ChartLook::dataArea(size), 0);
+            canvas.strokePath(precipitation, {graphics::kWhite, 3.4});
+        }
         canvas.strokePath(precipitation, {color(Condition::kPrecipitation), 2});
+        if (look.isPrinted) canvas.restore();
     });
 }
 

@@ -6,7 +6,7 @@
 
 namespace kalvo::charts {
 
-SpeedHistogram sevenCounts(const engine::ClassCounts& counts) {
+SpeedHistogram speedHistogram(const engine::ClassCounts& counts) {
     SpeedHistogram seven{};
     std::copy_n(counts.begin(), std::min(counts.size(), seven.size()), seven.begin());
     return seven;
@@ -14,7 +14,7 @@ SpeedHistogram sevenCounts(const engine::ClassCounts& counts) {
 
 SpeedHistogram countsOfMonth(const engine::WindDistribution& distribution, std::string_view month) {
     const auto found = distribution.find(month);
-    return found == distribution.end() ? SpeedHistogram{} : sevenCounts(found->second);
+    return found == distribution.end() ? SpeedHistogram{} : speedHistogram(found->second);
 }
 
 std::string describeCounts(std::string_view what,

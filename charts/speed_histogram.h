@@ -14,9 +14,9 @@ namespace kalvo::charts {
 
 using SpeedHistogram = std::array<std::int64_t, engine::WindRange::kCount>;
 
-/// A list from the data as exactly seven counts: classes that a short list lacks are 0, entries
-/// beyond the seventh are left out.
-[[nodiscard]] SpeedHistogram sevenCounts(const engine::ClassCounts& counts);
+/// Returns a list from the data as exactly seven counts: classes that a short list lacks are 0,
+/// entries beyond the seventh are left out.
+[[nodiscard]] SpeedHistogram speedHistogram(const engine::ClassCounts& counts);
 
 /// The counts of a month; seven zeros for one that is missing.
 [[nodiscard]] SpeedHistogram countsOfMonth(const engine::WindDistribution& distribution,

@@ -84,7 +84,7 @@ using CumulativeCounts = std::array<double, WindRange::kCount>;
 
 SpeedHistogram countsOfSector(const engine::WindRoseData& data, std::size_t sector) {
     const auto found = data.find(static_cast<int>(sector));
-    return found == data.end() ? SpeedHistogram{} : sevenCounts(found->second);
+    return found == data.end() ? SpeedHistogram{} : speedHistogram(found->second);
 }
 
 CumulativeCounts cumulativeCounts(const engine::WindRoseData& data, std::size_t sector) {

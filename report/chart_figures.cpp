@@ -49,7 +49,7 @@ std::string prevailingDirections(const engine::WindRoseData& rose) {
     for (std::size_t sector = 0; sector < kSectors; ++sector) {
         const auto found = rose.find(static_cast<int>(sector));
         if (found == rose.end()) continue;
-        totals[sector] = std::max(0.0, charts::totalOf(charts::sevenCounts(found->second)));
+        totals[sector] = std::max(0.0, charts::totalOf(charts::speedHistogram(found->second)));
     }
     std::array<std::size_t, kSectors> order{};
     std::iota(order.begin(), order.end(), std::size_t{0});

@@ -110,28 +110,31 @@ std::vector<std::string> linesOf(const Canvas& canvas,
 }
 
 void drawFacts(Canvas& canvas, const Report& report, double top) {
-    constexpr double kStep = 13;
+    constexpr double kWideStep = 13;
+    constexpr double kNarrowStep = 11;  // where the wide one would run into the map's scale
     constexpr double kLastBaseline = 240;
     constexpr double kValues = 124;
     constexpr double kLabelWidth = 72;
     const std::vector<Fact> facts = factsOf(report);
-    double spare = kLastBaseline - top - kStep * static_cast<double>(lineCount(facts) - 1);
+    const auto steps = static_cast<double>(lineCount(facts) - 1);
+    const double step = top + kWideStep * steps <= kLastBaseline ? kWideStep : kNarrowStep;
+    double spare = kLastBaseline - top - step * steps;
     double y = top;
     for (const Fact& fact : facts) {
         double labelBaseline = y;
         for (const std::string& line :
              wrapped(canvas, fact.label, captionStyle(), kLabelWidth, fact.values.size())) {
             drawLeft(canvas, line, kLeft, labelBaseline, captionStyle());
-            labelBaseline += kStep;
+            labelBaseline += step;
         }
         for (const Value& value : fact.values) {
             const std::vector<std::string> lines =
-                linesOf(canvas, value, kLeftColumnEnd - kValues, spare >= kStep ? 2 : 1);
+                linesOf(canvas, value, kLeftColumnEnd - kValues, spare >= step ? 2 : 1);
             for (const std::string& line : lines) {
                 drawLeft(canvas, line, kValues, y, bodyStyle());
-                y += kStep;
+                y += step;
             }
-            spare -= kStep * static_cast<double>(lines.size() - 1);
+            spare -= step * static_cast<double>(lines.size() - 1);
         }
     }
 }

@@ -1,10 +1,14 @@
 #include "app/qt/detail_column.h"
 
+#include <array>
+
 #include <QTimerEvent>
 #include <QWheelEvent>
 
+#include "app/report_content.h"
 #include "base/qt/qstring.h"
 #include "base/shown_text.h"
+#include "report/qt/page_painter.h"
 #include "ui/divider.h"
 
 namespace kalvo::app {
@@ -38,6 +42,11 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
     showNotice();
     for (int i = 0; i < area_->count(); ++i) area_->widget(i)->installEventFilter(this);
 
+    for (auto* chart : details_->findChildren<charts::ChartWidget*>()) {
+        chart->makePicture = [this, services](const charts::Chart& shown, double scale) {
+            return picture(shown, services, scale);
+        };
+    }
     connect(map_, &ui::SegmentedControl::indexChosen, this, [this](int index) {
         state_.activeTab = index;
         emit edited();
@@ -47,6 +56,17 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
         emit edited();
     });
     connect(area_, &MapArea::edited, this, &DetailColumn::edited);
+}
+
+QImage DetailColumn::picture(const charts::Chart& chart,
+                             const Services& services,
+                             double scale) const {
+    if (!state_.shownResult) return {};
+    static constexpr std::array kKinds{report::ChartKind::kWind, report::ChartKind::kRose,
+                                       report::ChartKind::kSky};
+    report::loadTabularFonts(services.bundle);
+    return report::chartPicture(makeReport(state_, services, std::chrono::system_clock::now()),
+                                kKinds.at(chart.index()), scale);
 }
 
 void DetailColumn::showState() {

@@ -5,6 +5,7 @@
 #include "app/content_view.h"
 #include "app/qt/detail_layout.h"
 #include "app/qt/map_area.h"
+#include "charts/qt/chart_widget.h"
 #include "charts/qt/details_notebook_widget.h"
 #include "ui/notice.h"
 #include "ui/scroll_page.h"
@@ -33,6 +34,10 @@ class DetailColumn final : public ui::ScrollPage {
     void timerEvent(QTimerEvent* event) override;
 
  private:
+    /// A chart with title, place, source and legend, as it is copied; null while it shows samples.
+    [[nodiscard]] QImage picture(const charts::Chart& chart,
+                                 const Services& services,
+                                 double scale) const;
     /// Says whose figures the details show: a moment after there is reason to, so that typing does
     /// not shake the map, and no longer.
     void followNotice();

@@ -3,8 +3,12 @@
 #include <array>
 
 #include <benchmark/benchmark.h>
+#include <QAction>
 #include <QApplication>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
+#include "app/qt/report_window.h"
 #include "tools/support/tool_application.h"
 
 namespace {
@@ -73,6 +77,37 @@ void keystrokeDrawn(benchmark::State& state) {
     }
 }
 BENCHMARK(keystrokeDrawn)->Unit(benchmark::kMillisecond);
+
+/// Calls the report of what is shown, up to its first frame.
+app::ReportWindow* openReport(app::MainScreen& shown) {
+    QWidget* window = shown.window();
+    for (QAction* action : window->findChildren<QAction*>()) {
+        if (action->shortcut() == QKeySequence(Qt::CTRL | Qt::Key_P)) action->trigger();
+    }
+    auto* report = window->findChild<app::ReportWindow*>();
+    report->grab();
+    return report;
+}
+
+void openingTheReport(benchmark::State& state) {
+    app::MainScreen& shown = screen();
+    choose(shown, "Italia");
+    for ([[maybe_unused]] auto iteration : state) delete openReport(shown);
+}
+BENCHMARK(openingTheReport)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
+/// Composes the report of an Italian place and writes it; tells the size of the file.
+void savingTheReport(benchmark::State& state) {
+    app::MainScreen& shown = screen();
+    choose(shown, "Italia");
+    app::ReportWindow* report = openReport(shown);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("report.pdf");
+    for ([[maybe_unused]] auto iteration : state) report->save(path);
+    state.counters["kB"] = static_cast<double>(QFileInfo(path).size()) / 1000;
+    delete report;
+}
+BENCHMARK(savingTheReport)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 }  // namespace
 

@@ -109,7 +109,10 @@ void ChartWidget::mouseMoveEvent(QMouseEvent* event) { showTip(event->position()
 void ChartWidget::leaveEvent(QEvent* /*event*/) { QToolTip::hideText(); }
 
 void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
-    ui::openCopyPictureMenu(*this, *event, [this](double scale) { return picture(scale); });
+    ui::openCopyPictureMenu(*this, *event, [this](double scale) {
+        const QImage made = makePicture ? makePicture(chart_, scale) : QImage();
+        return made.isNull() ? picture(scale) : made;
+    });
 }
 
 }  // namespace kalvo::charts

@@ -30,6 +30,10 @@ class ChartWidget final : public QWidget {
 
     /// What the tooltip at a position of the widget says; empty where there is none.
     [[nodiscard]] QString textAt(const QPointF& position) const;
+    /// What the context menu copies in place of the bare picture: a picture that tells more, for
+    /// a display of the given scale, or a null image for the bare one after all.
+    std::function<QImage(const Chart& chart, double scale)> makePicture;
+
     /// The chart as a picture for a display of the given scale.
     [[nodiscard]] QImage picture(double scale) const;
 

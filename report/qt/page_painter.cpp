@@ -1,6 +1,7 @@
 #include "report/qt/page_painter.h"
 
 #include <cmath>
+#include <functional>
 
 #include <QFontDatabase>
 
@@ -9,6 +10,24 @@
 #include "report/pages.h"
 
 namespace kalvo::report {
+
+namespace {
+
+/// A drawing of a size in points on white, of so many pixels a point.
+QImage picture(graphics::Size size,
+               double scale,
+               const std::function<void(graphics::Canvas&)>& draw) {
+    QImage image(static_cast<int>(std::ceil(size.width * scale)),
+                 static_cast<int>(std::ceil(size.height * scale)), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    graphics::QtCanvas canvas(painter, size);
+    draw(canvas);
+    return image;
+}
+
+}  // namespace
 
 void loadTabularFonts(const base::Bundle& bundle) {
     [[maybe_unused]] static const bool isLoaded = [&] {
@@ -26,13 +45,13 @@ void paintPage(QPainter& painter, const Report& report, int page) {
 }
 
 QImage pagePicture(const Report& report, int page, double scale) {
-    QImage image(static_cast<int>(std::ceil(kPageSize.width * scale)),
-                 static_cast<int>(std::ceil(kPageSize.height * scale)), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.scale(scale, scale);
-    paintPage(painter, report, page);
-    return image;
+    return picture(kPageSize, scale,
+                   [&](graphics::Canvas& canvas) { drawPage(canvas, report, page); });
+}
+
+QImage chartPicture(const Report& report, ChartKind kind, double scale) {
+    return picture(chartPictureSize(kind), scale,
+                   [&](graphics::Canvas& canvas) { drawChartPicture(canvas, report, kind); });
 }
 
 }  // namespace kalvo::report

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "base/bundle.h"
+#include "report/chart_picture.h"
 #include "report/report.h"
 
 namespace kalvo::report {
@@ -16,5 +17,9 @@ void paintPage(QPainter& painter, const Report& report, int page);
 
 /// Returns a page as a picture of so many pixels a point.
 [[nodiscard]] QImage pagePicture(const Report& report, int page, double scale);
+
+/// Returns a chart with its title, place, source and legend as a picture of so many
+/// pixels a point.
+[[nodiscard]] QImage chartPicture(const Report& report, ChartKind kind, double scale);
 
 }  // namespace kalvo::report

@@ -4,6 +4,7 @@
 
 #include "app/qt/report_window.h"
 #include "app/report_content.h"
+#include "charts/qt/chart_widget.h"
 #include "tests/app/screen_fixture.h"
 #include "tests/support/temporary_folder.h"
 
@@ -106,6 +107,17 @@ TEST_F(ReportTest, SavesCopiesOpensAndZooms) {
     press("Copia immagine");
     // 595.28 points at 200 pixels an inch.
     EXPECT_EQ(QGuiApplication::clipboard()->image().width(), 1654);
+}
+
+TEST_F(ReportTest, ACopiedChartTellsItsPlaceOnceThereIsOne) {
+    const auto copied = [&] {
+        auto* chart = window->findChild<charts::ChartWidget*>();
+        return chart->makePicture({charts::WindChartView{}}, 2);
+    };
+    EXPECT_TRUE(copied().isNull()) << "samples belong to no place";
+    showTrapani();
+    // The chart of 442.5 points between margins of 16, twice.
+    EXPECT_EQ(copied().width(), 949);
 }
 
 }  // namespace

@@ -131,6 +131,7 @@ int main(int argc, char** argv) {
             report->save(file);
             return QFile::exists(file) ? 0 : 1;
         }
+        report->resize(report->width(), 1160);
         settle();
         shown = report;
     }
