@@ -1,7 +1,9 @@
 #include "net/qt/http_connections.h"
 
-#include <memory>
 #include <utility>
+
+#include <QCoreApplication>
+#include <QEvent>
 
 namespace kalvo::net {
 
@@ -9,16 +11,19 @@ HttpConnections::HttpConnections(QObject* parent, std::string authorities)
     : QObject(parent),
       worker_(
           [this](HttpWorker::Id id, base::Result<HttpAnswer> answer) {
-              QMetaObject::invokeMethod(
-                  this,
-                  [this, id, answer = std::move(answer)]() mutable {
-                      resume(id, std::move(answer));
-                  },
-                  Qt::QueuedConnection);
+              {
+                  const std::lock_guard lock(mutex_);
+                  ended_.emplace_back(id, std::move(answer));
+              }
+              QCoreApplication::postEvent(this, new QEvent(QEvent::User));
           },
           std::move(authorities)) {}
 
-void HttpConnections::resume(HttpWorker::Id id, base::Result<HttpAnswer> answer) {
+void HttpConnections::customEvent(QEvent* /*event*/) {
+    std::unique_lock lock(mutex_);
+    auto [id, answer] = std::move(ended_.front());
+    ended_.pop_front();
+    lock.unlock();
     // Who gave the download up meanwhile is not told.
     const auto found = downloads_.find(id);
     if (found == downloads_.end()) return;

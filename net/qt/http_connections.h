@@ -1,9 +1,12 @@
 #pragma once
 
 #include <coroutine>
+#include <deque>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include <QObject>
 #include <QPointer>
@@ -41,9 +44,12 @@ class HttpConnections final : public QObject {
     };
 
  private:
-    void resume(HttpWorker::Id id, base::Result<HttpAnswer> answer);
+    /// Each event posted to the connections is for one download that has ended.
+    void customEvent(QEvent* event) override;
 
     std::map<HttpWorker::Id, Download*> downloads_;
+    std::mutex mutex_;  // guards the next
+    std::deque<std::pair<HttpWorker::Id, base::Result<HttpAnswer>>> ended_;
     HttpWorker worker_;  // ends first
 };
 
