@@ -17,11 +17,13 @@ ScrollPage::ScrollPage(QWidget* parent) : QScrollArea(parent) {
 }
 
 void ScrollPage::showFocus(QWidget* focused) {
-    if (focused == nullptr || !isAncestorOf(focused)) return;
+    // The area's own bars may take the focus too.
+    const QWidget* const page = widget();
+    if (page == nullptr || focused == nullptr || !page->isAncestorOf(focused)) return;
     // What the pointer has pressed must not move away below it.
     if (!window()->testAttribute(Qt::WA_KeyboardFocusChange)) return;
     constexpr int kMargin = 16;  // points
-    const QRect place(focused->mapTo(widget(), QPoint()), focused->size());
+    const QRect place(focused->mapTo(page, QPoint()), focused->size());
     // The whole of it: of a table the area by itself would show just the current cell.
     ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + kMargin);
 }
