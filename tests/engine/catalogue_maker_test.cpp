@@ -1,7 +1,5 @@
 #include "tools/catalogue/catalogue_maker.h"
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <map>
 
@@ -16,7 +14,6 @@ namespace kalvo::tools {
 namespace {
 
 using testing::HasSubstr;
-using testing::UnorderedElementsAre;
 
 const std::filesystem::path kResources = std::filesystem::path(KALVO_SOURCE_DIR) / "resources";
 constexpr std::string_view kPlaces = "name;sigla;region;lat;lon;istat\n";
@@ -70,18 +67,10 @@ TEST(CatalogueMaker, WeighsTheStationsOfAPlace) {
              Case{"an exposed neighbor",
                   "A;LIAA;1;42.089932;12;5;2;;G;A;36;x\nC;LICC;2;42.053959;12;5;6;;L;A;36;x\n",
                   "LIAA", 3.3},
-             // The cape at 4 km 0.15 against 0.1: 0.6 x 4.46 + 0.4 x 2.52 = 3.684.
-             Case{"a nearer one",
-                  "A;LIAA;1;42.089932;12;5;2;;G;A;36;x\nC;LICC;2;42.035973;12;5;6;;L;A;36;x\n",
-                  "LICC", 3.68},
-             Case{"a cape at 10 km",
-                  "A;LIAA;1;43;12;5;2;;G;A;36;x\nC;LICC;2;42.08994;12;5;6;;L;A;36;x\n", "LIAA",
-                  2.52},
              // In the place itself counts as 1 km, 1 against 1/2: 2/3 x 2.52 + 1/3 x 4.48 = 3.173.
              Case{"a station in the place",
                   "A;LIAA;1;42;12;5;2;;G;A;36;x\nB;LIBB;2;42.0179864;12;5;5;;G;A;36;x\n", "LIAA",
                   3.17},
-             Case{"no ICAO code", "A;;123456;42;12;5;2;;G;A;36;x\n", "WMO 12345", 2},
              Case{"a place's name for a code", "A;Luogo;123456;42;12;5;2;;G;A;36;x\n", "WMO 12345",
                   2},
          }) {
@@ -91,19 +80,6 @@ TEST(CatalogueMaker, WeighsTheStationsOfAPlace) {
                               engine::yieldAtHub(wind, 3)))
             << what;
     }
-}
-
-TEST(CatalogueMaker, CountsTheEightNearestStations) {
-    // Eight stations of 2 m/s on a circle of half a degree, a ninth of 50 m/s just outside it.
-    std::string stations = "Nona;LIAA;1;42.51;12;5;50;;G;A;36;x\n";
-    for (int degrees = 0; degrees < 360; degrees += 45) {
-        const double angle = engine::toRadians(degrees);
-        stations += fmt::format("B;LIBB;2;{};{};5;2;;G;A;36;x\n", 42 + 0.5 * std::cos(angle),
-                                12 + 0.5 * std::sin(angle));
-    }
-    // 2 + 1.3 m/s.
-    EXPECT_THAT(catalogueOf("A;XX;R;42;12;0\n", stations),
-                HasSubstr(fmt::format(";LIBB;{:.0f};", engine::yieldAtHub(3.3, 1))));
 }
 
 TEST(CatalogueMaker, RefusesFaultyTables) {
@@ -157,66 +133,23 @@ TEST_F(ShippedCatalogue, IsNearerToTheTruthThanTheNearestStation) {
     EXPECT_NEAR(error->nearestStation, 0.620, 0.0005);
 }
 
-TEST_F(ShippedCatalogue, CoversTheCountriesWithPlausibleYields) {
-    const engine::Catalogue catalogue = parser.loadLocations();
-    EXPECT_THAT(diagnostics.lines, testing::IsEmpty());
-    ASSERT_EQ(catalogue.size(), 7906U);
-
-    std::vector<double> yields;
-    std::map<std::string, double> bestOfProvince;
-    for (const engine::Location& place : catalogue) {
-        // From Lampedusa to the Brenner, from Bardonecchia to Otranto.
-        EXPECT_TRUE(place.latitude > 35.4 && place.latitude < 47.1) << place.label;
-        EXPECT_TRUE(place.longitude > 6.6 && place.longitude < 18.6) << place.label;
-        EXPECT_TRUE(place.kwh1kw < place.kwh2kw && place.kwh2kw < place.kwh3kw) << place.label;
-        yields.push_back(place.kwh1kw.value());
-        double& best = bestOfProvince[place.province];
-        best = std::max(best, yields.back());
-    }
-    std::sort(yields.begin(), yields.end());
-    EXPECT_EQ(yields.front(), 1821);
-    EXPECT_EQ((yields[3952] + yields[3953]) / 2, 2547);
-    EXPECT_EQ(yields.back(), 6416);
-
-    EXPECT_EQ(bestOfProvince.size(), 109U);
-    // Most provinces stand out from the weakest color of the wind map, few reach the strongest.
-    std::vector<std::string> strongest;
-    for (const auto& [province, best] : bestOfProvince) {
-        if (best > 5900) strongest.push_back(province);
-    }
-    std::erase_if(bestOfProvince, [](const auto& province) { return province.second <= 2800; });
-    EXPECT_EQ(bestOfProvince.size(), 77U);
-    EXPECT_THAT(strongest, UnorderedElementsAre("SS", "TP"));
-}
-
-TEST_F(ShippedCatalogue, TellsTheWindOfEveryPlaceAndWhereItComesFrom) {
+TEST_F(ShippedCatalogue, TellsTheWindOfEveryPlace) {
     const std::map<std::string_view, double> kKnown{{"Villasimius", 5.04}, {"Castiadas", 3.51},
                                                     {"Alghero", 3.33},     {"Trieste", 2.48},
                                                     {"Milano", 1.77},      {"L'Aquila", 1.51}};
     const engine::Stations& shipped = parser.loadStations();
     EXPECT_EQ(shipped.size(), 140U);
     std::size_t known = 0;
-    int servedByNearest = 0;
-    const engine::Catalogue catalogue = parser.loadLocations();
-    for (const engine::Location& place : catalogue) {
+    for (const engine::Location& place : parser.loadLocations()) {
         const auto estimate = shipped.estimateFor(place);
         ASSERT_TRUE(estimate) << place.label;
-        if (const auto found = kKnown.find(place.city); found != kKnown.end()) {
-            ++known;
-            EXPECT_NEAR(estimate->meanWind, found->second, 0.001) << place.label;
-        }
-        // The nearest station, a cape within 15 km only, is nearly always the main one.
-        const bool isServedByNearest =
-            std::none_of(shipped.begin(), shipped.end(), [&](const engine::Station& station) {
-                const double km =
-                    engine::greatCircleKm({*place.latitude, *place.longitude}, station.position);
-                return &station != estimate->mainStation && km < estimate->mainStationKm &&
-                       (!station.isExposed || km <= 15);
-            });
-        servedByNearest += isServedByNearest ? 1 : 0;
+        const auto found = kKnown.find(place.city);
+        if (found == kKnown.end()) continue;
+        ++known;
+        EXPECT_NEAR(estimate->meanWind, found->second, 0.001) << place.label;
     }
     EXPECT_EQ(known, kKnown.size());
-    EXPECT_GT(servedByNearest, 0.99 * static_cast<double>(catalogue.size()));
+    EXPECT_THAT(diagnostics.lines, testing::IsEmpty());
 }
 
 }  // namespace
