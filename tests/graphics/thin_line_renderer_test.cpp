@@ -12,32 +12,6 @@
 namespace kalvo::graphics {
 namespace {
 
-using Vertices = std::vector<CoverageMask::Vertex>;
-
-/// The cover of each pixel of a picture of 40 by 40 pixels, in pixels.
-struct Covers {
-    CoverageMask mask;
-
-    Covers(const Vertices& line, float width) {
-        mask.reset(40, 40);
-        mask.add(line, width);
-    }
-    [[nodiscard]] double at(int x, int y) const {
-        return double(mask.row(y)[static_cast<std::size_t>(x)]) / CoverageMask::kFull;
-    }
-};
-
-TEST(CoverageMask, MitersACornerButNoHairpin) {
-    // The outer corner of a right angle is filled; a spike would reach far beyond a hairpin.
-    const Covers corner({{10, 20}, {20, 20}, {20, 30}}, 4);
-    EXPECT_NEAR(corner.at(21, 18), 1, 0.01);
-    EXPECT_EQ(corner.at(23, 16), 0);
-    const Covers hairpin({{10, 20}, {20, 20}, {10, 20.5F}}, 2);
-    EXPECT_EQ(hairpin.at(22, 20), 0);
-    // Back on the very way it came, where no direction halves the angle.
-    EXPECT_NEAR(Covers({{10, 20.5F}, {20, 20.5F}, {12, 20.5F}}, 1).at(19, 20), 2, 0.01);
-}
-
 constexpr QSize kSize(120, 90);
 
 /// The lines as the painter itself strokes them.
@@ -107,6 +81,17 @@ TEST(ThinLineRenderer, LooksLikeThePaintersStrokes) {
             }
         }
     }
+}
+
+TEST(ThinLineRenderer, MitersACornerButNoHairpin) {
+    const QImage corner = drawn({{{10, 20}, {20, 20}, {20, 30}}, {0}}, 2, 1, {});
+    EXPECT_EQ(tests::darkness(corner, 20, 19), 255);
+    EXPECT_EQ(tests::darkness(corner, 21, 18), 0);
+    const QImage hairpin = drawn({{{10, 20}, {20, 20}, {10, 20.5}}, {0}}, 1.5, 1, {});
+    EXPECT_EQ(tests::darkness(hairpin, 22, 20), 0);
+    // Back on the very way it came, where no direction halves the angle.
+    const QImage back = drawn({{{10, 20.5}, {20, 20.5}, {12, 20.5}}, {0}}, 1, 1, {});
+    EXPECT_EQ(tests::darkness(back, 19, 20), 255);
 }
 
 TEST(ThinLineRenderer, LeavesToThePainterWhatTheMaskCannotDo) {
