@@ -21,8 +21,7 @@ class Browser final : public QObject {
             QDesktopServices::setUrlHandler(QString::fromUtf8(scheme), this, "open");
         }
     }
-    Browser(const Browser&) = delete;
-    Browser& operator=(const Browser&) = delete;
+    Q_DISABLE_COPY(Browser)
     ~Browser() override {
         for (const char* scheme : {"https", "http", "file"}) {
             QDesktopServices::unsetUrlHandler(QString::fromUtf8(scheme));

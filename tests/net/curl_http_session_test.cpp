@@ -173,6 +173,8 @@ TEST_F(CurlHttpSessionTest, EndsAsPromisedWhateverTheServerDoes) {
     const char* const kUnpackable = "sent an answer that cannot be unpacked";
     const char* const kUnusable = "gave no usable answer: ";
     const std::string packed = tests::gzip("body");
+    std::string damaged = packed;
+    damaged[packed.size() - 8] ^= 1;
     // A stream's header, and a block that is stored and empty (RFC 1951, 3.2.4).
     const std::string begun = packed.substr(0, 10);
     constexpr std::string_view kEmptyBlock("\0\0\0\xFF\xFF", 5);
@@ -186,6 +188,9 @@ TEST_F(CurlHttpSessionTest, EndsAsPromisedWhateverTheServerDoes) {
              {"many headers", raw(manyHeaders, "body"), "sent 4 bytes"},
              {"ends by closing", closing(raw("Connection: close", "body")), "sent 4 bytes"},
              {"packed", unpackedFrom(packed), "sent 4 bytes"},
+             {"packed, byte by byte", dripping(unpackedFrom(packed)), "sent 4 bytes"},
+             {"packed, with more behind it", unpackedFrom(packed + "x"), kUnpackable},
+             {"packed, with another checksum", unpackedFrom(damaged), kUnpackable},
              {"packed nothing", unpackedFrom(""), "sent 0 bytes"},
              {"packed to the limit", unpackedFrom(tests::gzip(std::string(kLimit, 'x'))),
               "sent 8388608 bytes"},
