@@ -89,10 +89,10 @@ graphics::LineBatch projectedOutlines() {
 void strokeOutlines(benchmark::State& state) {
     QImage image = paper(state);
     const graphics::LineBatch lines = projectedOutlines();
-    graphics::ThinLineRenderer thinLineRenderer;
+    graphics::FrameCache cache;
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&image);
-        graphics::QtCanvas canvas(painter, kView, &thinLineRenderer);
+        graphics::QtCanvas canvas(painter, kView, &cache);
         canvas.strokeLines(lines, graphics::Color::hex("#2ebd5e"), 1.2);
     }
     state.counters["points"] = static_cast<double>(lines.points.size());

@@ -141,7 +141,7 @@ void GlobeWidget::updateBackground(double scale) {
         image.fill(color);
         QPainter painter(&image);
         painter.translate(-background_.topLeft());
-        graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
+        graphics::QtCanvas canvas(painter, viewSize(), &frameCache_);
         view_.drawBackground(canvas, viewSize(), scene_);
     });
     backgroundContent_ = content;
@@ -150,7 +150,7 @@ void GlobeWidget::updateBackground(double scale) {
 void GlobeWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     updateBackground(painter.deviceTransform().m11());
-    graphics::QtCanvas canvas(painter, viewSize(), &thinLineRenderer_);
+    graphics::QtCanvas canvas(painter, viewSize(), &frameCache_);
     if (const QRect area = event->rect(); !discBounds().contains(area)) {
         canvas.fillRect(
             {double(area.x()), double(area.y()), double(area.width()), double(area.height())},

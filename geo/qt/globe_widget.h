@@ -14,7 +14,7 @@
 #include "geo/globe_scene.h"
 #include "geo/globe_view.h"
 #include "geo/qt/cached_picture.h"
-#include "graphics/qt/thin_line_renderer.h"
+#include "graphics/qt/qt_canvas.h"
 
 namespace kalvo::geo {
 
@@ -99,7 +99,7 @@ class GlobeWidget final : public QWidget {
     QBasicTimer timer_;
     CachedPicture background_;
     std::optional<BackgroundContent> backgroundContent_;  // what it shows, if anything
-    graphics::ThinLineRenderer thinLineRenderer_;
+    graphics::FrameCache frameCache_;
     graphics::Size hintSize_{};
     graphics::Size labelSize_{};
     bool hasFocusRing_ = false;

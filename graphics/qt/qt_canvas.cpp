@@ -81,11 +81,11 @@ QFont canvasFont(const QFont& base, const TextStyle& style) {
     return font;
 }
 
-QtCanvas::QtCanvas(QPainter& painter, Size size, ThinLineRenderer* thinLineRenderer)
+QtCanvas::QtCanvas(QPainter& painter, Size size, FrameCache* cache)
     : painter_(painter),
       size_(size),
       base_(painter.worldTransform()),
-      thinLineRenderer_(thinLineRenderer != nullptr ? *thinLineRenderer : ownThinLineRenderer_) {
+      cache_(cache != nullptr ? *cache : ownCache_) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
 }
@@ -138,7 +138,7 @@ void QtCanvas::strokePath(const Path& path, const Stroke& stroke) {
 }
 
 void QtCanvas::strokeLines(const LineBatch& lines, const Color& color, double width) {
-    if (thinLineRenderer_.stroke(painter_, lines, toQColor(color), width, visibleArea(0))) return;
+    if (cache_.thinLines.stroke(painter_, lines, toQColor(color), width, visibleArea(0))) return;
     for (std::size_t i = 0; i < lines.lineCount(); ++i) {
         const std::span<const Point> line = lines.line(i);
         strokePath({{{.points = {line.begin(), line.end()}, .closed = false}}}, {color, width});
@@ -204,11 +204,10 @@ void QtCanvas::drawText(std::string_view text, Point center, const TextStyle& st
     const QFont font = canvasFont(painter_.font(), style);
     painter_.setFont(font);
     painter_.setPen(toQColor(style.color));
-    const QString line = base::toQString(text);
-    const QFontMetricsF metrics(font, painter_.device());
-    const double left = center.x - metrics.horizontalAdvance(line) / 2;
-    const double baseline = center.y + (metrics.ascent() - metrics.descent()) / 2;
-    painter_.drawText(QPointF(left, baseline), line);
+    const QStaticText& layout = cache_.texts.of(text, font);
+    const QSizeF size = layout.size();
+    painter_.drawStaticText(QPointF(center.x - size.width() / 2, center.y - size.height() / 2),
+                            layout);
 }
 
 QFont QtCanvas::exactFont(const TextStyle& style) const {

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "graphics/canvas.h"
+#include "graphics/qt/text_layouts.h"
 #include "graphics/qt/thin_line_renderer.h"
 
 namespace kalvo::graphics {
@@ -11,15 +12,21 @@ namespace kalvo::graphics {
 /// Returns the font in which a canvas whose painter has the font `base` writes a text.
 [[nodiscard]] QFont canvasFont(const QFont& base, const TextStyle& style);
 
+/// What the canvases of a moving picture hand on from one frame to the next.
+struct FrameCache {
+    ThinLineRenderer thinLines;
+    TextLayouts texts;
+};
+
 /// A `Canvas` on a `QPainter`, whose logical coordinates are the canvas's points. Geometry is
 /// clipped to a little beyond the painter's visible area before it is handed on, because a line
 /// that runs to 1e300 would otherwise keep the rasterizer busy for seconds.
 class QtCanvas final : public Canvas {
  public:
     /// Draws on the area `size` of the painter; turns antialiasing on. The painter outlives the
-    /// canvas. A row of pictures with many thin lines is drawn faster with the same
-    /// `thinLineRenderer`, which then outlives the canvas too.
-    QtCanvas(QPainter& painter, Size size, ThinLineRenderer* thinLineRenderer = nullptr);
+    /// canvas. The frames of a moving picture are drawn faster with the same `cache`, which then
+    /// outlives the canvas too.
+    QtCanvas(QPainter& painter, Size size, FrameCache* cache = nullptr);
     QtCanvas(const QtCanvas&) = delete;
     QtCanvas& operator=(const QtCanvas&) = delete;
     ~QtCanvas() override = default;
@@ -58,8 +65,8 @@ class QtCanvas final : public Canvas {
     QPainter& painter_;
     Size size_;
     QTransform base_;  // the painter's transformation before the canvas's own
-    ThinLineRenderer ownThinLineRenderer_;
-    ThinLineRenderer& thinLineRenderer_;
+    FrameCache ownCache_;
+    FrameCache& cache_;
 };
 
 }  // namespace kalvo::graphics
