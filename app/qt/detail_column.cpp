@@ -24,12 +24,12 @@ DetailColumn::DetailColumn(ContentView& state, const Services& services, QWidget
       analysis_(new ui::SegmentedControl(QStringLiteral("Analisi Dettagliata"),
                                          {QStringLiteral("Analisi Impianto Eolico"),
                                           QStringLiteral("Analisi Impianto Solare FV")})),
+      notice_(new ui::Notice(ui::Notice::Kind::kWarning)),
       details_(new charts::DetailsNotebookWidget(services.clipboard)) {
     auto* page = new QWidget;
     // While it is empty: taking in a page measures it.
     setWidget(page);
     layout_ = new DetailLayout(*this, page);
-    notice_ = new ui::Notice(ui::Notice::Kind::kWarning);
     constexpr QMargins kMapPadding(16, 16, 16, 16);  // points
     constexpr QMargins kAnalysisPadding(8, 8, 8, 8);
     layout_->addFixed(map_, kMapPadding);

@@ -47,9 +47,9 @@ class DetailColumn final : public ui::ScrollPage {
     ui::SegmentedControl* map_;
     MapArea* area_;
     ui::SegmentedControl* analysis_;
+    ui::Notice* notice_;
     charts::DetailsNotebookWidget* details_;
     DetailLayout* layout_;
-    ui::Notice* notice_;
     QBasicTimer noticeTimer_;
 };
 
