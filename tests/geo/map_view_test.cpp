@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "geo/wind_legend.h"
 #include "tests/geojson/geojson_texts.h"
 #include "tests/support/recording_canvas.h"
 #include "tests/support/transcript.h"
@@ -78,9 +79,9 @@ class AskedMap {
         if (word == "draw") {
             std::string kind;
             words >> kind;
-            for (const std::string& command : tests::drawn(view_, size_, kind)) {
-                answer_ += command + "\n";
-            }
+            answer(tests::drawn(view_, size_, kind));
+        } else if (word == "summary") {
+            answer_ += view_.summary();
         } else if (word == "bounds") {
             answer_ += fmt::format("{} to {} east, {} to {} north\n", bounds.minLng, bounds.maxLng,
                                    bounds.minLat, bounds.maxLat);
@@ -107,9 +108,24 @@ class AskedMap {
             words >> feature;
             tests::RecordingCanvas canvas;
             view_.drawOutlined(canvas, size_, MapScene::make(map, size_), feature);
-            for (const std::string& command : canvas.commands) answer_ += command + "\n";
+            answer(canvas.commands);
+        } else if (word == "legend") {
+            tests::RecordingCanvas canvas;
+            drawWindLegend(canvas, size_);
+            answer({canvas.ofKind("fill").front(), canvas.ofKind("fill").back()});
+            answer(canvas.ofKind("words"));
+        } else if (word == "mark") {
+            double kwh = 0;
+            words >> kwh;
+            tests::RecordingCanvas canvas;
+            drawWindLegendMark(canvas, size_, kwh);
+            answer(canvas.commands);
         }
         return true;
+    }
+
+    void answer(const std::vector<std::string>& lines) {
+        for (const std::string& line : lines) answer_ += line + "\n";
     }
 
     std::vector<std::string> features_;

