@@ -18,11 +18,11 @@ using SpeedHistogram = std::array<std::int64_t, engine::WindRange::kCount>;
 /// entries beyond the seventh are left out.
 [[nodiscard]] SpeedHistogram speedHistogram(const engine::ClassCounts& counts);
 
-/// The counts of a month; seven zeros for one that is missing.
+/// Returns the counts of a month; seven zeros for one that is missing.
 [[nodiscard]] SpeedHistogram countsOfMonth(const engine::WindDistribution& distribution,
                                            std::string_view month);
 
-/// In words: a class of counts, as in "Gennaio · 10-20 km/h: 9 giorni", or without a class the
+/// Tells in words a class of counts, as in "Gennaio · 10-20 km/h: 9 giorni", or without a class the
 /// total and every class on a line of its own.
 [[nodiscard]] std::string describeCounts(std::string_view what,
                                          const SpeedHistogram& counts,

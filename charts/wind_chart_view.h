@@ -28,9 +28,10 @@ struct WindChartView {
               const ChartLook& look = ChartLook::screen()) const;
     /// What lies at a point of a view of that size; nothing beside the plot.
     [[nodiscard]] std::optional<Hit> hitTest(graphics::Point point, graphics::Size size) const;
-    /// What was hit and its figures, in words; the classes of a whole month on lines of their own.
+    /// Tells in words what was hit and its figures; the classes of a whole month on lines of their
+    /// own.
     [[nodiscard]] std::string describe(const Hit& hit) const;
-    /// One sentence that says what the chart shows.
+    /// Says in one sentence what the chart shows.
     [[nodiscard]] std::string summary() const;
 
     friend bool operator==(const WindChartView&, const WindChartView&) = default;

@@ -31,7 +31,7 @@ struct WindRoseChartView {
         friend bool operator==(const Hit&, const Hit&) = default;
     };
 
-    /// Chosen from the largest sector total; keys beyond 15 take part.
+    /// Chooses the rings by the largest sector total; keys beyond 15 take part.
     [[nodiscard]] Scale scale() const;
 
     void draw(graphics::Canvas& canvas,
@@ -39,10 +39,10 @@ struct WindRoseChartView {
               const ChartLook& look = ChartLook::screen()) const;
     /// What lies at a point of a view of that size; nothing outside the disc and its wedges.
     [[nodiscard]] std::optional<Hit> hitTest(graphics::Point point, graphics::Size size) const;
-    /// What was hit and its figures, in words; the classes of a whole direction on lines of their
-    /// own.
+    /// Tells in words what was hit and its figures; the classes of a whole direction on lines of
+    /// their own.
     [[nodiscard]] std::string describe(const Hit& hit) const;
-    /// One sentence that says what the chart shows.
+    /// Says in one sentence what the chart shows.
     [[nodiscard]] std::string summary() const;
 
     friend bool operator==(const WindRoseChartView&, const WindRoseChartView&) = default;

@@ -18,7 +18,7 @@ struct WindTableView {
 
     static constexpr std::string_view kCorner = "Velocità";
 
-    /// Days of a class (0 to 6) in a month (0 to 11); 0 where the data hold none.
+    /// Returns the days of a class (0 to 6) in a month (0 to 11); 0 where the data hold none.
     [[nodiscard]] std::int64_t days(std::size_t windClass, std::size_t month) const;
 
     /// Some of the table's classes (0 to 6) and months (0 to 11), from the first to the last.
