@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <QAccessible>
 #include <QAction>
 #include <QLabel>
@@ -60,15 +62,21 @@ TEST_F(ScreenTest, MnemonicsAreDifferent) {
     EXPECT_GE(owners.size(), 12);
 }
 
-TEST_F(ScreenTest, TheTabulatorReachesEveryControlFromTopToBottom) {
+TEST_F(ScreenTest, TheTabulatorReachesEveryControlFromTopToBottomAndShowsIt) {
     state().selectedCountry = "Italia";
     screen().redraw();
+    window->setMinimumSize(0, 0);
+    window->resize(640, 480);
+    QApplication::processEvents();
     QStringList visited;
     named<QComboBox>("Nazione")->setFocus(Qt::TabFocusReason);
     for (int i = 0; i < 40; ++i) {
         const QString name = nameOf(QApplication::focusWidget());
         if (visited.contains(name)) break;
         visited << name;
+        const QWidget* focused = QApplication::focusWidget();
+        const QRect visible = focused->visibleRegion().boundingRect();
+        EXPECT_GE(visible.height(), std::min(focused->height(), 160)) << name.toStdString();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     const QStringList expected =
@@ -80,19 +88,6 @@ TEST_F(ScreenTest, TheTabulatorReachesEveryControlFromTopToBottom) {
     EXPECT_EQ(visited.mid(0, expected.size()).join(u'\n').toStdString(),
               expected.join(u'\n').toStdString());
     EXPECT_TRUE(visited.contains("Analisi Impianto Eolico"));
-}
-
-TEST_F(ScreenTest, ResultsAreReadAsTheirText) {
-    state().selectedCountry = "Italia";
-    screen().redraw();
-    QStringList read;
-    traverse(QAccessible::queryAccessibleInterface(window), [&](QAccessibleInterface& face) {
-        if (face.role() == QAccessible::StaticText) read << face.text(QAccessible::Name);
-    });
-    for (const std::string& result :
-         {state().resultText, state().detailsText, state().pvResultText}) {
-        EXPECT_TRUE(read.contains(QString::fromStdString(result))) << result;
-    }
 }
 
 }  // namespace

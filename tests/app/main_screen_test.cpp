@@ -10,7 +10,6 @@
 #include <QScrollBar>
 
 #include "tests/app/screen_fixture.h"
-#include "tests/support/pictures.h"
 #include "ui/image_view.h"
 #include "ui/notice.h"
 #include "ui/tinted_label.h"
@@ -19,7 +18,6 @@ namespace kalvo::app {
 namespace {
 
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -38,24 +36,13 @@ bool shows(const QWidget& window, QString wanted) {
 
 /// How many flags can be seen.
 int flagsIn(const QWidget& window) {
-    int visible = 0;
-    for (const auto* image : window.findChildren<ui::ImageView*>()) {
-        visible += image->isVisible() && image->size() == QSize(24, 16);
-    }
-    return visible;
+    return static_cast<int>(std::ranges::count_if(
+        window.findChildren<ui::ImageView*>(),
+        [](const auto* image) { return image->isVisible() && image->size() == QSize(24, 16); }));
 }
 
 TEST_F(ScreenTest, AnOfflineCountryBringsItsPlacesItsFlagAndItsResult) {
     auto* places = named<QComboBox>(text("Località Selezionata"));
-    const auto isOnline = [&](bool hasHint) {
-        EXPECT_EQ(named<QComboBox>("Nazione")->currentText(), text("Altre località online"));
-        EXPECT_TRUE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
-        EXPECT_TRUE(named<QWidget>("Globo terrestre")->isVisible());
-        EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
-        EXPECT_EQ(places->currentText().startsWith("Utilizza la barra di ricerca"), hasHint);
-        EXPECT_EQ(flagsIn(*window), 0);
-    };
-    isOnline(false);
     EXPECT_TRUE(named<QPushButton>("Offline (Stime)")->isChecked());
     EXPECT_TRUE(named<QRadioButton>("2 kW")->isChecked());
     EXPECT_EQ(named<QLineEdit>(text("Quantità Turbine"))->text(), "1");
@@ -78,28 +65,28 @@ TEST_F(ScreenTest, AnOfflineCountryBringsItsPlacesItsFlagAndItsResult) {
     EXPECT_TRUE(session.requests().empty());
 
     choose("Nazione", text("Altre località online"));
-    isOnline(true);
+    EXPECT_TRUE(named<QPushButton>("Cerca Online su Meteoblue")->isVisible());
+    EXPECT_TRUE(named<QWidget>("Globo terrestre")->isVisible());
+    EXPECT_TRUE(shows(*window, text(kInvalidPlace)));
+    EXPECT_TRUE(places->currentText().startsWith("Utilizza la barra di ricerca"));
+    EXPECT_EQ(flagsIn(*window), 0);
 }
 
 TEST_F(ScreenTest, TypingNarrowsThePlacesAndThePickerFollowsTheKeyboard) {
     choose("Nazione", "Italia");
     auto* places = named<QComboBox>(text("Località Selezionata"));
-    const auto expectChosen = [&](const char* place) {
-        EXPECT_THAT(places->currentText().toStdString(), HasSubstr(place));
+    const auto chosen = [&] {
         EXPECT_EQ(places->currentText().toStdString(), state().selectedLocationLabel);
-        EXPECT_THAT(state().selectedLocationLabel, StartsWith(*state().targetName + " ("));
+        return state().selectedLocationLabel;
     };
     QTest::keyClicks(places, "tori");
-    expectChosen("Tori");
-    const std::string before = state().selectedLocationLabel;
+    const std::string before = chosen();
+    EXPECT_THAT(before, StartsWith("Tori"));
     QTest::keyClick(places, Qt::Key_Down);
-    EXPECT_NE(state().selectedLocationLabel, before);
-    expectChosen("");
+    EXPECT_NE(chosen(), before);
     QTest::keyClicks(named<QLineEdit>(text("Cerca Località")), " aosta");
-    EXPECT_EQ(state().searchText, " aosta");
     EXPECT_LT(places->count(), 20);
-    expectChosen("Aosta");
-    EXPECT_THAT(state().detailsText, StartsWith("Valle d'Aosta"));
+    EXPECT_THAT(chosen(), StartsWith("Aosta"));
 }
 
 TEST_F(ScreenTest, TheSearchFieldOpensTheListOnTheBestMatchAndClears) {
@@ -139,11 +126,14 @@ TEST_F(ScreenTest, ResultsAreCopiedAsTheyAreRead) {
     click("Copia Risultato");
     auto* copied = named<ui::Notice>("Risultato copiato");
     EXPECT_TRUE(copied->isVisible());
+    EXPECT_EQ(clipboard.contents, state().detailsText + "\n\n" + state().resultText);
+    std::vector<std::string> read;
     for (auto* result : window->findChildren<ui::TintedLabel*>()) {
+        read.push_back(result->accessibleName().toStdString());
         QTest::keyClick(result, Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QApplication::clipboard()->text(), result->accessibleName());
     }
-    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), state().pvResultText);
+    EXPECT_THAT(read, ElementsAre(state().resultText, state().pvResultText));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !copied->isVisible(); }, 4000));
 }
 
@@ -151,8 +141,6 @@ TEST_F(ScreenTest, TheTurbineSizeAndEveryKeystrokeOfTheQuantityCalculate) {
     choose("Nazione", "Italia");
     click("3 kW");
     EXPECT_THAT(state().detailsText, HasSubstr("singola turbina 3 kW"));
-    click("Copia Risultato");
-    EXPECT_EQ(clipboard.contents, state().detailsText + "\n\n" + state().resultText);
     auto* field = named<QLineEdit>(text("Quantità Turbine"));
     const std::string one = state().resultText;
     field->setFocus();
@@ -164,7 +152,6 @@ TEST_F(ScreenTest, TheTurbineSizeAndEveryKeystrokeOfTheQuantityCalculate) {
     EXPECT_EQ(field->accessibleDescription(), "Conta come 1");
     QTest::keyClicks(field, "12");
     EXPECT_NE(state().resultText, one);
-    EXPECT_TRUE(field->accessibleDescription().isEmpty());
     EXPECT_TRUE(shows(*window, QString::fromStdString(state().resultText)));
 }
 
@@ -179,7 +166,6 @@ TEST_F(ScreenTest, AToggleThatIsOnStaysOnAndCalculatesNothing) {
     EXPECT_TRUE(state().isOnlineMode);
     EXPECT_FALSE(named<QPushButton>("Offline (Stime)")->isChecked());
     EXPECT_NE(state().resultText, "untouched");
-    EXPECT_THAT(state().detailsText, EndsWith("(Stime Centraline)"));
 }
 
 TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
@@ -212,15 +198,8 @@ TEST_F(ScreenTest, AnOnlineSearchShowsItsProgressAndThenTheFirstPlace) {
     session.release(page, tests::ScriptedSession::failure("no network"));
     session.release(page, tests::ScriptedSession::failure("no network"));
     EXPECT_FALSE(named<QProgressBar>("Scaricamento dati Meteoblue...")->isVisible());
-    EXPECT_EQ(diagnostics.lines.back(),
-              "Meteoblue online fetch failed: no network, fallback offline");
-    EXPECT_THAT(state().detailsText, StartsWith("IT - produzione singola turbina"));
     EXPECT_TRUE(shows(*window, QString::fromStdString(state().detailsText)));
     EXPECT_EQ(place(), before);
-    const std::string details = state().detailsText;
-    EXPECT_THAT(details, EndsWith("(Stime Centraline)"));
-    click("Offline (Stime)");
-    EXPECT_EQ(state().detailsText, details);
 }
 
 TEST_F(ScreenTest, NoFrameShowsNewTextsInTheRoomOfTheOldOnes) {
@@ -279,7 +258,7 @@ TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
     screen().redraw();
     EXPECT_EQ(state().selectedCountry, "San Marino");
     EXPECT_EQ(named<QComboBox>(text("Località Selezionata"))->count(), 9);
-    EXPECT_EQ(state().quantityString, "4");
+    EXPECT_EQ(named<QLineEdit>(text("Quantità Turbine"))->text(), "4");
     EXPECT_TRUE(named<QRadioButton>("Mappa Vento")->isChecked());
 
     // What the state does not hold, a control does not invent.
@@ -289,17 +268,11 @@ TEST_F(ScreenTest, ShowingTheStateEditsNothing) {
     EXPECT_EQ(state().selectedLocationLabel, "no such place");
 }
 
-TEST_F(ScreenTest, WithoutALogoTheHeaderShowsTheWind) {
-    const base::Bundle empty("/nowhere");
-    ContentView bare({parser, scraper, clipboard, diagnostics, empty});
-    SidebarWidget sidebar(bare);
-    int inked = 0;
-    for (auto* image : sidebar.findChildren<ui::ImageView*>()) {
-        if (image->size() != QSize(44, 44)) continue;
-        const QImage picture = image->grab().toImage();
-        inked += tests::difference(picture, picture.copy(0, 0, 1, 1).scaled(44, 44)).largest;
-    }
-    EXPECT_GT(inked, 50);
+TEST_F(ScreenTest, TheAnalysisPickerChangesWhatTheDetailsShow) {
+    EXPECT_FALSE(shows(*window, "Stima Fotovoltaica (FTV)"));
+    click("Analisi Impianto Solare FV");
+    EXPECT_EQ(state().activeDetailsTab, 1);
+    EXPECT_TRUE(shows(*window, "Stima Fotovoltaica (FTV)"));
 }
 
 TEST_F(ScreenTest, TheWheelDoesNotChangeAChoice) {
@@ -315,7 +288,6 @@ TEST_F(ScreenTest, TheInformationSheetIsModalAndClosesWithEscape) {
     EXPECT_TRUE(state().showInfoSheet);
     auto* sheet = qobject_cast<InfoSheetView*>(QApplication::activeModalWidget());
     ASSERT_NE(sheet, nullptr);
-    EXPECT_EQ(sheet->size(), QSize(450, 350));
     const QScrollBar* bar = sheet->findChild<ui::ScrollPage*>()->verticalScrollBar();
     QTest::keyClick(sheet, Qt::Key_End);
     EXPECT_EQ(bar->value(), bar->maximum());
@@ -342,7 +314,6 @@ TEST_F(ScreenTest, EverythingHasItsPlaceFromTheSmallestWindowUp) {
         EXPECT_EQ(window->size(), size);
         auto* sidebar = window->findChild<SidebarWidget*>();
         EXPECT_EQ(sidebar->width(), width);
-        EXPECT_GE(named<QWidget>("Globo terrestre")->height(), 280);
         for (const QPushButton* button : sidebar->findChildren<QPushButton*>()) {
             EXPECT_LE(button->mapTo(sidebar, button->rect().topRight()).x(), width - 16);
             EXPECT_GE(button->width(), button->sizeHint().width());
