@@ -1,8 +1,6 @@
 // Every figure of every place of the catalogue and every turbine size against a program of its own,
 // tools/reference-figures, which says what the texts hold.
 
-#include <algorithm>
-#include <array>
 #include <fstream>
 #include <map>
 #include <vector>
@@ -29,18 +27,16 @@ std::string text(const Rows& rows) {
 }
 
 std::string windText(const WindDistribution& distribution) {
-    std::array<ClassCounts, 12> months;
-    std::ranges::transform(CalculationEngine::months, months.begin(), [&](std::string_view month) {
-        return distribution.at(std::string(month));
-    });
+    std::vector<ClassCounts> months;
+    for (const std::string_view month : CalculationEngine::months) {
+        months.push_back(distribution.at(std::string(month)));
+    }
     return text(months);
 }
 
 std::string roseText(const WindRoseData& rose) {
-    std::array<ClassCounts, 16> sectors;
-    for (std::size_t sector = 0; sector < sectors.size(); ++sector) {
-        sectors[sector] = rose.at(static_cast<int>(sector));
-    }
+    std::vector<ClassCounts> sectors;
+    for (int sector = 0; sector < 16; ++sector) sectors.push_back(rose.at(sector));
     return text(sectors);
 }
 
