@@ -42,14 +42,6 @@ TEST_F(TaskScopeTest, LetsTasksEndInAnyOrderAndForgetsThem) {
     EXPECT_TRUE(scope->empty());
 }
 
-TEST_F(TaskScopeTest, EndsWhatIsStillUnderWayWithIt) {
-    start("a", &first);
-    EXPECT_EQ(session.heldCount(), 1u);
-    scope.reset();
-    EXPECT_EQ(session.heldCount(), 0u);
-    EXPECT_EQ(first, "");
-}
-
 Task<void> endScope(Task<Result<std::string>> waiting, std::optional<TaskScope>* scope) {
     std::ignore = co_await std::move(waiting);
     scope->reset();

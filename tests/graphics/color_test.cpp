@@ -1,5 +1,7 @@
 #include "graphics/color.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 namespace kalvo::graphics {
@@ -8,10 +10,7 @@ namespace {
 constexpr Color kFallback{1 / 255.0, 1 / 255.0, 0, 1 / 255.0};
 
 TEST(ColorHex, ReadsTheText) {
-    const struct {
-        const char* text;
-        Color color;
-    } kCases[] = {
+    const std::pair<const char*, Color> kCases[] = {
         {"#ffd600", {1, 214 / 255.0, 0, 1}},
         {"  (#FFD600) ", {1, 214 / 255.0, 0, 1}},
         {"#fff", {1, 1, 1, 1}},

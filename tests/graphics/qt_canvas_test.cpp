@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <tuple>
 
 #include <gtest/gtest.h>
 #include <QBitmap>
@@ -22,8 +23,8 @@ using Drawing = std::function<void(Canvas&)>;
 
 /// What a drawing looks like on white paper. `reach` is how far around the view the canvas takes
 /// the surface to go: with a large one nothing of an ordinary drawing is cut before painting.
-QImage picture(const Drawing& drawing, int scale = 1, double reach = 0) {
-    QImage image = tests::paper({100, 80}, scale);
+QImage picture(const Drawing& drawing, double reach = 0) {
+    QImage image = tests::paper({100, 80});
     QPainter painter(&image);
     painter.translate(-reach, -reach);
     QtCanvas canvas(painter, {kSize.width + 2 * reach, kSize.height + 2 * reach});
@@ -56,7 +57,7 @@ TEST(QtCanvas, CutsOnlyWhatIsOutOfSight) {
     for (const auto& points : {zigzag, roundACorner, around}) {
         for (const Drawing& drawing :
              {stroked(points, false), stroked(points, true), filled(points)}) {
-            EXPECT_LE(largestDifference(picture(drawing), picture(drawing, 1, 2000)), 2);
+            EXPECT_LE(largestDifference(picture(drawing), picture(drawing, 2000)), 2);
         }
     }
     const Drawing shapes = [](Canvas& canvas) {
@@ -65,7 +66,7 @@ TEST(QtCanvas, CutsOnlyWhatIsOutOfSight) {
         canvas.strokeCircle({-20, 40}, 90, {kBlack, 2});
         canvas.fillWedge({{50, 40}, 300, 80, 95}, kBlack);
     };
-    EXPECT_LE(largestDifference(picture(shapes), picture(shapes, 1, 2000)), 2);
+    EXPECT_LE(largestDifference(picture(shapes), picture(shapes, 2000)), 2);
 }
 
 TEST(QtCanvas, EndlessGeometryKeepsItsPixelsAndItsPace) {
@@ -123,13 +124,25 @@ TEST(QtCanvas, LeavesOutWhatIsNoNumber) {
 }
 
 TEST(QtCanvas, PaintsTheRightPixels) {
-    const Drawing halfPoint = [](Canvas& canvas) { canvas.fillRect({10, 10.5, 20, 10}, kBlack); };
-    const Drawing hanging = [](Canvas& canvas) { canvas.fillRect({60, 30, 20, -10}, kBlack); };
+    using Pixel = std::tuple<int, int, int>;  // its column and row, and how dark it is
+    const auto expectPixels = [](const Drawing& drawing, const std::vector<Pixel>& pixels) {
+        const QImage image = picture(drawing);
+        for (const auto& [x, y, dark] : pixels) {
+            EXPECT_NEAR(darkness(image, x, y), dark, 2) << x << ", " << y;
+        }
+    };
+    const Drawing rects = [](Canvas& canvas) {
+        canvas.fillRect({10, 10.5, 20, 10}, kBlack);
+        canvas.fillRect({60, 30, 20, -10}, kBlack);
+    };
+    expectPixels(rects, {{15, 10, 128}, {15, 11, 255}, {15, 20, 128}, {65, 25, 255}});
     const Drawing dashes = [](Canvas& canvas) {
         canvas.strokePath({{{{{10, 40}, {90, 40}}, false}}}, {kBlack, 4, {6, 2}});
     };
+    expectPixels(dashes, {{9, 39, 0}, {10, 39, 255}, {15, 39, 255}, {16, 39, 0}, {18, 39, 255}});
     // Bearings count clockwise from north.
     const Drawing wedge = [](Canvas& canvas) { canvas.fillWedge({{50, 40}, 30, 80, 190}, kBlack); };
+    expectPixels(wedge, {{70, 40, 255}, {50, 60, 255}, {50, 20, 0}, {30, 40, 0}, {83, 40, 0}});
     const Drawing clipped = [](Canvas& canvas) {
         canvas.save();
         canvas.translate(50, 40);
@@ -139,34 +152,7 @@ TEST(QtCanvas, PaintsTheRightPixels) {
         canvas.restore();
         canvas.fillRect({0, 0, 5, 5}, kBlack);
     };
-    struct Pixel {
-        int x;
-        int y;
-        int dark;
-    };
-    const struct {
-        const char* name;
-        QImage image;
-        std::vector<Pixel> pixels;
-    } kCases[] = {
-        {"soft edges", picture(halfPoint), {{15, 10, 128}, {15, 11, 255}, {15, 20, 128}}},
-        {"finer pixels", picture(halfPoint, 2), {{30, 20, 0}, {30, 21, 255}}},
-        {"a height below zero", picture(hanging), {{65, 25, 255}}},
-        {"dashes",
-         picture(dashes),
-         {{9, 39, 0}, {10, 39, 255}, {15, 39, 255}, {16, 39, 0}, {18, 39, 255}}},
-        {"from east to south",
-         picture(wedge),
-         {{70, 40, 255}, {50, 60, 255}, {50, 20, 0}, {30, 40, 0}, {83, 40, 0}}},
-        {"a round clip",
-         picture(clipped),
-         {{50, 40, 255}, {50, 21, 255}, {50, 18, 0}, {31, 21, 0}, {2, 2, 255}}},
-    };
-    for (const auto& [name, image, pixels] : kCases) {
-        for (const auto& [x, y, dark] : pixels) {
-            EXPECT_NEAR(darkness(image, x, y), dark, 2) << name << " at " << x << ", " << y;
-        }
-    }
+    expectPixels(clipped, {{50, 40, 255}, {50, 21, 255}, {50, 18, 0}, {31, 21, 0}, {2, 2, 255}});
 }
 
 TEST(QtCanvas, CentersTextOnItsPoint) {

@@ -128,17 +128,15 @@ TEST(Matches, ListsWhatGroupOneCaptured) {
 }
 
 TEST(SortByDistance, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
-    const auto at = [](std::string name, double lat, double lon) {
-        MeteoblueSearchResult place{};
-        place.name = std::move(name);
-        place.lat = lat;
-        place.lon = lon;
-        return place;
-    };
     // On plain degrees: a meridian's convergence or the date line would put the last one second.
-    std::vector places{at("across the date line", 80.0, -179.0), at("1.5 east", 80.0, 180.5),
-                       at("1 north", 81.0, 179.0), at("1 south", 79.0, 179.0),
-                       at("here", 80.0, 179.0)};
+    std::vector<MeteoblueSearchResult> places;
+    for (const auto& [name, lat, lon] : {std::tuple{"across the date line", 80.0, -179.0},
+                                         {"1.5 east", 80.0, 180.5},
+                                         {"1 north", 81.0, 179.0},
+                                         {"1 south", 79.0, 179.0},
+                                         {"here", 80.0, 179.0}}) {
+        places.push_back({name, "", lat, lon, "", "", ""});
+    }
     sortByDistance(places, 80.0, 179.0);
     std::string names;
     for (const auto& place : places) names += place.name + ", ";
@@ -147,20 +145,17 @@ TEST(SortByDistance, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
 
 TEST(MeteoblueSearchResult, HashesByEveryFieldAndZerosAlike) {
     const std::hash<MeteoblueSearchResult> hash;
-    MeteoblueSearchResult place{};
-    place.lat = -0.0;
-    EXPECT_EQ(hash(place), hash(MeteoblueSearchResult{}));
-    using Result = MeteoblueSearchResult;
-    for (double Result::*number : {&Result::lat, &Result::lon}) {
-        MeteoblueSearchResult other = place;
-        other.*number = 1;
-        EXPECT_NE(hash(other), hash(place));
-    }
-    for (std::string Result::*text :
-         {&Result::name, &Result::country, &Result::slug, &Result::iso2, &Result::label}) {
-        MeteoblueSearchResult other = place;
-        other.*text = "x";
-        EXPECT_NE(hash(other), hash(place));
+    const MeteoblueSearchResult empty{};
+    EXPECT_EQ(hash({"", "", -0.0, -0.0, "", "", ""}), hash(empty));
+    for (const MeteoblueSearchResult& other :
+         std::vector<MeteoblueSearchResult>{{"x", "", 0, 0, "", "", ""},
+                                            {"", "x", 0, 0, "", "", ""},
+                                            {"", "", 1, 0, "", "", ""},
+                                            {"", "", 0, 1, "", "", ""},
+                                            {"", "", 0, 0, "x", "", ""},
+                                            {"", "", 0, 0, "", "x", ""},
+                                            {"", "", 0, 0, "", "", "x"}}) {
+        EXPECT_NE(hash(other), hash(empty));
     }
 }
 
