@@ -14,14 +14,6 @@ base::Result<Stations> read(std::string_view rows) {
         std::string("centralina;nome;latitude;longitude;vento_medio_ms;uso;anni\n").append(rows));
 }
 
-TEST(LatLon, DistanceIsTheGreatCircles) {
-    // A quarter of the meridian, 6371 km x pi / 2; half a parallel at 60 degrees north leads over
-    // the pole, 60 degrees of a great circle.
-    EXPECT_NEAR(greatCircleKm({0, 12}, {90, 12}), 10007.543, 0.001);
-    EXPECT_NEAR(greatCircleKm({60, 170}, {60, -10}), 6671.696, 0.001);
-    EXPECT_NEAR(greatCircleKm({0, 179.5}, {0, -179.5}), 111.195, 0.001);
-}
-
 TEST(Stations, ReadsItsTable) {
     const auto stations = read(
         "LICT;Trapani Birgi;37.9142;12.4914;4.22;G;1965-2023\n"
