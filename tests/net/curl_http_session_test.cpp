@@ -59,7 +59,9 @@ class CurlHttpSessionTest : public testing::Test {
     }
 
     TlsServer server;
-    CurlHttpSession session{TlsServer::authority().certificate()};
+    const std::string expiredIdentity = tests::makeTlsIdentity(TlsServer::kAddress, -1);
+    const std::string misnamedIdentity = tests::makeTlsIdentity("127.0.0.2", 1);
+    CurlHttpSession session{TlsServer::defaultIdentity() + expiredIdentity + misnamedIdentity};
     base::TaskScope scope;
 };
 
@@ -145,7 +147,7 @@ TlsAnswer raw(const std::string& headers, const std::string& body) {
 }
 
 TlsAnswer closing(TlsAnswer answer) {
-    answer.then = TlsAnswer::Then::close;
+    answer.closes = true;
     return answer;
 }
 
@@ -242,9 +244,9 @@ TEST_F(CurlHttpSessionTest, ReachesNobodyWhoIsNotThereOrNotTrusted) {
     }
     const std::string refusing = prefix + std::to_string(closed.serverPort());
     closed.close();
-    const TlsServer untrusted(tests::TestAuthority().issue(TlsServer::kAddress, 1));
-    const TlsServer expired(TlsServer::authority().issue(TlsServer::kAddress, -1));
-    const TlsServer misnamed(TlsServer::authority().issue("127.0.0.2", 1));
+    const TlsServer untrusted(tests::makeTlsIdentity(TlsServer::kAddress, 2));
+    const TlsServer expired(expiredIdentity);
+    const TlsServer misnamed(misnamedIdentity);
     EXPECT_EQ(outcomeAt(refusing), "refused the connection");
     EXPECT_EQ(outcomeAt(prefix + std::to_string(mute.serverPort()), 150ms),
               "sent nothing for too long");
@@ -262,7 +264,7 @@ TEST_F(CurlHttpSessionTest, MayEndAtAnyMomentOfARequest) {
     server.answer("/2", TlsAnswer::ok("body"));
     for (int moment = 0;; ++moment) {
         std::optional<base::TaskScope> closing(std::in_place);
-        std::optional<CurlHttpSession> ending(TlsServer::authority().certificate());
+        std::optional<CurlHttpSession> ending(TlsServer::defaultIdentity());
         std::optional<Answer> answer;
         closing->start(keep(ending->get({server.origin() + "/1", {}, 20s}), &answer));
         for (int event = 0; event < moment && !answer; ++event) {

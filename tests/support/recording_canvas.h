@@ -20,11 +20,11 @@ class RecordingCanvas : public graphics::Canvas {
  public:
     std::vector<std::string> commands;
 
-    /// Returns the commands of one kind (their first word), in order.
+    /// Returns the commands of one kind (their first word), in order; of none: all.
     [[nodiscard]] std::vector<std::string> ofKind(const std::string& kind) const {
         std::vector<std::string> found;
         for (const std::string& command : commands) {
-            if (command.starts_with(kind + " ")) found.push_back(command);
+            if (kind.empty() || command.starts_with(kind + " ")) found.push_back(command);
         }
         return found;
     }
@@ -155,15 +155,5 @@ class RecordingCanvas : public graphics::Canvas {
                (style.tabular ? " tabular" : "");
     }
 };
-
-/// Returns what a view draws: the commands of one kind, or all of them.
-template <class View>
-[[nodiscard]] std::vector<std::string> drawn(const View& view,
-                                             graphics::Size size,
-                                             const std::string& kind = "") {
-    RecordingCanvas canvas;
-    view.draw(canvas, size);
-    return kind.empty() ? canvas.commands : canvas.ofKind(kind);
-}
 
 }  // namespace kalvo::tests

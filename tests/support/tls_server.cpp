@@ -1,8 +1,11 @@
 #include "tests/support/tls_server.h"
 
 #include <cstring>
+#include <memory>
 #include <stdexcept>
 
+#include <openssl/pem.h>
+#include <openssl/x509v3.h>
 #include <QHostAddress>
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -32,12 +35,42 @@ void drip(QSslSocket* connection, const TlsAnswer& answer, std::size_t start) {
             return;
         }
         timer->stop();
-        if (answer.then == TlsAnswer::Then::close) connection->disconnectFromHost();
+        if (answer.closes) connection->disconnectFromHost();
     });
     timer->start(answer.perByte);
 }
 
 }  // namespace
+
+std::string makeTlsIdentity(const std::string& ipAddress, int days) {
+    constexpr long kSecondsOfDay = 24L * 60 * 60;
+    const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(EVP_EC_gen("P-256"),
+                                                                  &EVP_PKEY_free);
+    const std::unique_ptr<X509, decltype(&X509_free)> made(X509_new(), &X509_free);
+    X509_set_version(made.get(), X509_VERSION_3);
+    X509_gmtime_adj(X509_getm_notBefore(made.get()), -2 * kSecondsOfDay);
+    X509_gmtime_adj(X509_getm_notAfter(made.get()), days * kSecondsOfDay);
+    X509_NAME* const subject = X509_get_subject_name(made.get());
+    const std::string name = ipAddress + " " + std::to_string(days);
+    X509_NAME_add_entry_by_txt(subject, "CN", MBSTRING_UTF8,
+                               reinterpret_cast<const unsigned char*>(name.c_str()), -1, -1, 0);
+    X509_set_issuer_name(made.get(), subject);
+    X509_set_pubkey(made.get(), key.get());
+    const std::unique_ptr<X509_EXTENSION, decltype(&X509_EXTENSION_free)> address(
+        X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, ("IP:" + ipAddress).c_str()),
+        &X509_EXTENSION_free);
+    X509_add_ext(made.get(), address.get(), -1);
+    const std::unique_ptr<BIO, decltype(&BIO_free)> text(BIO_new(BIO_s_mem()), &BIO_free);
+    if (X509_sign(made.get(), key.get(), EVP_sha256()) == 0 ||
+        PEM_write_bio_X509(text.get(), made.get()) != 1 ||
+        PEM_write_bio_PrivateKey(text.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) !=
+            1) {
+        throw std::runtime_error("OpenSSL refused to make a test certificate");
+    }
+    char* pem = nullptr;
+    const long length = BIO_get_mem_data(text.get(), &pem);
+    return {pem, static_cast<std::size_t>(length)};
+}
 
 TlsAnswer TlsAnswer::withStatus(const std::string& status, const std::string& body) {
     return {.bytes = "HTTP/1.1 " + status + "\r\nContent-Length: " + std::to_string(body.size()) +
@@ -49,15 +82,22 @@ TlsAnswer TlsAnswer::redirect(const std::string& location) {
                 "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + location + kEndOfHead};
 }
 
-TlsServer::TlsServer(const TlsIdentity& identity) {
+TlsServer::TlsServer(const std::string& identity) {
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    tls.setLocalCertificate(QSslCertificate(bytes(identity.certificate)));
-    tls.setPrivateKey(QSslKey(bytes(identity.privateKey), QSsl::Ec));
+    tls.setLocalCertificate(QSslCertificate(bytes(identity)));
+    tls.setPrivateKey(QSslKey(bytes(identity), QSsl::Ec));
     server_.setSslConfiguration(tls);
     QObject::connect(&server_, &QTcpServer::pendingConnectionAvailable, &server_, [this] {
         while (auto* const connection =
                    qobject_cast<QSslSocket*>(server_.nextPendingConnection())) {
-            accept(connection);
+            ++openConnections_;
+            QObject::connect(connection, &QSslSocket::disconnected, &server_, [this, connection] {
+                --openConnections_;
+                connection->deleteLater();
+            });
+            QObject::connect(connection, &QSslSocket::readyRead, &server_,
+                             [this, connection] { read(connection); });
+            read(connection);
         }
     });
     if (!server_.listen(QHostAddress(kAddress))) {
@@ -65,24 +105,13 @@ TlsServer::TlsServer(const TlsIdentity& identity) {
     }
 }
 
-const TestAuthority& TlsServer::authority() {
-    static const TestAuthority authority;
-    return authority;
+const std::string& TlsServer::defaultIdentity() {
+    static const std::string identity = makeTlsIdentity(kAddress, 1);
+    return identity;
 }
 
 std::string TlsServer::origin() const {
     return "https://" + std::string(kAddress) + ":" + std::to_string(server_.serverPort());
-}
-
-void TlsServer::accept(QSslSocket* connection) {
-    ++openConnections_;
-    QObject::connect(connection, &QSslSocket::disconnected, &server_, [this, connection] {
-        --openConnections_;
-        connection->deleteLater();
-    });
-    QObject::connect(connection, &QSslSocket::readyRead, &server_,
-                     [this, connection] { read(connection); });
-    read(connection);
 }
 
 void TlsServer::read(QSslSocket* connection) {
@@ -107,7 +136,7 @@ void TlsServer::send(QSslSocket* connection, const TlsAnswer& answer) {
             if (connection->encryptedBytesToWrite() == 0) connection->write(bytes(answer.repeated));
         });
     }
-    if (answer.then == TlsAnswer::Then::close) connection->disconnectFromHost();
+    if (answer.closes) connection->disconnectFromHost();
 }
 
 }  // namespace kalvo::tests

@@ -136,7 +136,7 @@ double milliseconds(steady_clock::duration time) {
 [[noreturn]] void measure(const Case& hostile, const std::string& origin) {
     int argc = 0;
     QApplication application(argc, nullptr);
-    net::CurlHttpSession session(TlsServer::authority().certificate());
+    net::CurlHttpSession session(TlsServer::defaultIdentity());
     tools::ToolApplication kalvo(session, {origin, origin});
     app::MainScreen& screen = kalvo.openScreen();
     watch(steady_clock::now() + kShown, [] { return false; });
@@ -185,7 +185,7 @@ void run(const Case& hostile) {
 
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    std::ignore = TlsServer::authority();  // made here, it is the same in all processes
+    std::ignore = TlsServer::defaultIdentity();  // made here, it is the same in all processes
     std::puts("| answer | memory | longest hold | core while shown | over after |");
     std::puts("|---|---|---|---|---|");
     std::fflush(stdout);
