@@ -53,12 +53,6 @@ class DetailsNotebookTest : public testing::Test {
     DetailsNotebookWidget widget;
 };
 
-TEST(DetailsNotebook, StacksOnlyWhatIsCompact) {
-    EXPECT_EQ(arrangementFor(HorizontalSizeClass::kCompact), Arrangement::kStacked);
-    EXPECT_EQ(arrangementFor(HorizontalSizeClass::kRegular), Arrangement::kSideBySide);
-    EXPECT_EQ(arrangementFor(std::nullopt), Arrangement::kSideBySide);
-}
-
 TEST_F(DetailsNotebookTest, StacksTheWindViewWhereItIsNarrow) {
     resizeTo(600);
     const auto charts = places<ChartWidget>();

@@ -13,7 +13,6 @@ TEST(WindTableView, CopiesATabSeparatedTableWithZerosWhereThereIsNothing) {
                         {"Ago", {-2, 0, 0, 1234567, 0, 0, 0, 99}},
                         {"Dic", {0, 0, 0, 0, 0, 0, 31}},
                         {"Dec", {5, 5, 5, 5, 5, 5, 5}}}};
-    EXPECT_EQ(view.copyButtonText(), "Copia Dati Tabella");
     tests::RecordingClipboard clipboard;
     view.copyToClipboard(clipboard);
     EXPECT_EQ(clipboard.contents,
@@ -25,8 +24,6 @@ TEST(WindTableView, CopiesATabSeparatedTableWithZerosWhereThereIsNothing) {
               "20-30 km/h\t6\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n"
               "30-40 km/h\t3\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\n"
               "40-50 km/h\t1\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t31");
-    EXPECT_TRUE(view.copiedNotice);
-    EXPECT_EQ(view.copyButtonText(), "Copiato!");
 }
 
 }  // namespace

@@ -34,11 +34,9 @@ TEST(GlobeView, DrawsFromTheBackgroundUp) {
     view.targetLat = 0;
     view.targetLon = 30;  // whose sine is a half
     view.targetName = "Roma";
-    // From (0, 0) every 5 degrees from -90 to 90 are seen: cos 90 is 0, cos 95 is -0.09. At 60
-    // degrees latitude cos c = cos 60 cos d reaches -0.05 at d = 95.7: 95 is seen there too, which
-    // makes 3 x 37 + 2 x 39 points of parallels. The meridians from -90 to 90 are seen whole, those
-    // of 120 and -120 only where cos 120 cos lat >= -0.05: at 85 degrees (-0.044), twice each; 150
-    // (-0.075) and 180 (-0.087) are not: 7 x 35 + 2 x 2 points.
+    // Seen are 3 x 37 + 2 x 39 points of parallels, every 5 degrees from -90 to 90, at latitude 60
+    // to 95 (cos 60 cos 95 = -0.04); and of meridians 7 x 35, and 2 x 2 of those of 120 degrees,
+    // whose ends at 85 degrees (cos 120 cos 85 = -0.04) look over the rim.
     EXPECT_THAT(
         drawn(view, {{{0, 0}, {0, 30}, {30, 0}}}).commands,
         ElementsAre("disc #0c1d2d 115,115 100", "ring #1f5f7a 2 115,115 100",

@@ -9,6 +9,7 @@
 
 #include "engine/location_parser.h"
 #include "geo/globe_projection.h"
+#include "tests/support/pictures.h"
 
 /// The globe drawn the straightforward way: every sine and cosine for every point, every line a
 /// path of its own. What the real drawing must look like, and be faster than.
@@ -23,12 +24,7 @@ inline const std::vector<engine::CountryRing>& countries() {
 }
 
 /// A blank picture for the view, at so many pixels a point.
-inline QImage paper(double scale) {
-    QImage image(kViewSize * scale, QImage::Format_RGB32);
-    image.setDevicePixelRatio(scale);
-    image.fill(QColor("#0c1d2d"));
-    return image;
-}
+inline QImage paper(double scale) { return tests::paper(kViewSize, scale); }
 
 struct Projected {
     QPointF point;
