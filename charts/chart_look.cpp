@@ -1,6 +1,7 @@
 #include "charts/chart_look.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kalvo::charts {
 
@@ -62,7 +63,9 @@ void drawHatching(graphics::Canvas& canvas, const graphics::Rect& rect) {
     const double bottom = rect.y + rect.height;
     graphics::LineBatch lines;
     // The line of a sum rises from the left or the lower edge to the upper or the right one.
-    for (double sum = rect.x + rect.y + kPitch; sum < right + bottom; sum += kPitch) {
+    const int end = static_cast<int>(std::ceil((rect.width + rect.height) / kPitch));
+    for (int line = 1; line < end; ++line) {
+        const double sum = rect.x + rect.y + line * kPitch;
         const double low = std::max(rect.x, sum - bottom);
         const double high = std::min(right, sum - rect.y);
         lines.beginLine();
