@@ -94,10 +94,10 @@ std::map<std::string, std::string> fieldsOf(const ContentView& state) {
     };
 }
 
-class ContentViewTranscript : public testing::TestWithParam<std::string>,
-                              protected TestServices<tests::ScriptedSession> {
+class ContentViewTranscriptTest : public testing::TestWithParam<std::string>,
+                                  protected TestServices<tests::ScriptedSession> {
  protected:
-    ContentViewTranscript() : TestServices(KALVO_SOURCE_DIR "/tests/app/resources") {
+    ContentViewTranscriptTest() : TestServices(KALVO_SOURCE_DIR "/tests/app/resources") {
         session.holdEverything();
         state.onChanged = [this] {
             changes += "redraws\n";
@@ -176,13 +176,13 @@ class ContentViewTranscript : public testing::TestWithParam<std::string>,
     std::map<std::string, std::string> known = fieldsOf(state);
 };
 
-TEST_P(ContentViewTranscript, IsReproduced) {
+TEST_P(ContentViewTranscriptTest, IsReproduced) {
     tests::expectTranscript("app/transcripts/" + GetParam() + ".txt",
                             [this](const std::string& line) { return perform(line); });
 }
 
 INSTANTIATE_TEST_SUITE_P(,
-                         ContentViewTranscript,
+                         ContentViewTranscriptTest,
                          testing::Values("offline_choices",
                                          "absent_figures",
                                          "online_search",
@@ -194,22 +194,22 @@ INSTANTIATE_TEST_SUITE_P(,
 struct OwnFolder {
     tests::TemporaryFolder folder;
 };
-class ContentViewState : public testing::Test,
-                         protected OwnFolder,
-                         protected TestServices<tests::ScriptedSession> {
+class ContentViewStateTest : public testing::Test,
+                             protected OwnFolder,
+                             protected TestServices<tests::ScriptedSession> {
  protected:
-    ContentViewState() : TestServices(folder.path()) {}
+    ContentViewStateTest() : TestServices(folder.path()) {}
     ContentView state{services};
 };
 
-TEST_F(ContentViewState, StartsWithExampleDataAndTheFourCountries) {
+TEST_F(ContentViewStateTest, StartsWithExampleDataAndTheFourCountries) {
     EXPECT_EQ(joined(state.countries),
               "Altre località online | Italia | San Marino | Città del Vaticano");
     EXPECT_EQ(state.selectedCountry, "Altre località online");
     EXPECT_EQ(fieldsOf(state).at("wind"), "Gen 1 4 11 13 2 0 0, Lug 2 7 14 8 0 0 0");
 }
 
-TEST_F(ContentViewState, KeepsTheSelectionWhereACountryHasNoPlaces) {
+TEST_F(ContentViewStateTest, KeepsTheSelectionWhereACountryHasNoPlaces) {
     folder.write("comuni_italia.csv", "");
     state.selectedLocationLabel = "Roma (RM)";
     state.initializeDatabase();
@@ -219,7 +219,7 @@ TEST_F(ContentViewState, KeepsTheSelectionWhereACountryHasNoPlaces) {
     EXPECT_EQ(state.resultText, "Seleziona una località valida.");
 }
 
-TEST_F(ContentViewState, MeansThePlaceOfExactlyThatNameElseOneThatBeginsSo) {
+TEST_F(ContentViewStateTest, MeansThePlaceOfExactlyThatNameElseOneThatBeginsSo) {
     folder.write("comuni_italia.csv",
                  "luogo;provincia;regione\nArcinazzo Romano;RM;Lazio\nRoma Nord;RM;Lazio\n"
                  "Roma;RM;Lazio\nRomano d'Ezzelino;VI;Veneto\n");
@@ -235,7 +235,7 @@ TEST_F(ContentViewState, MeansThePlaceOfExactlyThatNameElseOneThatBeginsSo) {
     EXPECT_EQ(state.shownResult->place.city, "Romano d'Ezzelino");
 }
 
-TEST_F(ContentViewState, ShowsTheCountrysFlagAndTheLogo) {
+TEST_F(ContentViewStateTest, ShowsTheCountrysFlagAndTheLogo) {
     for (const auto& [country, flag] : {std::pair{"Italia", "flag_it.png"},
                                         {"San Marino", "flag_sm.png"},
                                         {"Città del Vaticano", "flag_vc.png"}}) {

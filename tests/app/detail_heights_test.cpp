@@ -8,7 +8,7 @@
 namespace kalvo::app {
 namespace {
 
-TEST(DetailHeights, KeepTheMapAndAWholeChartElseBecomeOnePage) {
+TEST(DetailHeightsTest, KeepTheMapAndAWholeChartElseBecomeOnePage) {
     constexpr int kFixed = 105;  // 60 + 1 + 44
     for (const auto& [column, natural, map, details, isOnePage] :
          std::vector<std::tuple<int, int, int, int, bool>>{

@@ -31,7 +31,7 @@ std::string chart(const std::string& series, const std::string& value, int count
     return R"({"series":[{"name":")" + series + R"(","data":[)" + values + "]}]}";
 }
 
-TEST(OnlineRoad, LeadsFromATypedTextToTheFiguresOnTheScreen) {
+TEST(OnlineRoadTest, LeadsFromATypedTextToTheFiguresOnTheScreen) {
     TlsServer server;
     const std::string host = server.origin().substr(std::string("https:").size());
     const auto placeholder = [&](const std::string& name) {

@@ -5,7 +5,7 @@
 namespace kalvo::app {
 namespace {
 
-TEST(PlaceText, TellsTheMainStationAndTheWindOfThePlace) {
+TEST(PlaceTextTest, TellsTheMainStationAndTheWindOfThePlace) {
     const engine::Station trapani{.code = "LICT",
                                   .name = "Trapani Birgi",
                                   .position = {37.9142, 12.4914},

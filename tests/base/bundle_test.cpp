@@ -9,7 +9,7 @@
 namespace kalvo::base {
 namespace {
 
-TEST(Bundle, FindsFilesByNameAndTypeAndImagesInTheCatalogueFirst) {
+TEST(BundleTest, FindsFilesByNameAndTypeAndImagesInTheCatalogueFirst) {
     const tests::TemporaryFolder folder;
     const Bundle bundle(folder.path());
     EXPECT_EQ(bundle.path("places", "csv"), std::nullopt);
@@ -23,7 +23,7 @@ TEST(Bundle, FindsFilesByNameAndTypeAndImagesInTheCatalogueFirst) {
     EXPECT_EQ(bundle.image("flag"), catalogued);
 }
 
-TEST(ReadFile, ReadsEveryByteOrSaysWhyNot) {
+TEST(ReadFileTest, ReadsEveryByteOrSaysWhyNot) {
     const tests::TemporaryFolder folder;
     const std::string bytes = std::string("a\0\r\n\xFF", 5) + std::string(100'000, 'x');
     EXPECT_EQ(readFile(folder.write("some", bytes)).value(), bytes);

@@ -12,7 +12,7 @@
 namespace kalvo::base {
 namespace {
 
-TEST(JsonDocument, ReadsEveryNumberAsTheDoubleNextToIt) {
+TEST(JsonDocumentTest, ReadsEveryNumberAsTheDoubleNextToIt) {
     std::istringstream list(
         "0.1 9007199254740993.0 9007199254740995 2.2250738585072011e-308 18446744073709551616 "
         "0.500000000000000166533453693773481063544750213623046875 -9223372036854775809 "
@@ -36,7 +36,7 @@ TEST(JsonDocument, ReadsEveryNumberAsTheDoubleNextToIt) {
     }
 }
 
-TEST(JsonDocument, RefusesWhatIsNoNumber) {
+TEST(JsonDocumentTest, RefusesWhatIsNoNumber) {
     for (const char* number :
          {"01", "01e999", "-", "-a", "1.", "1.e5", "1e", "1e+", "1.5.2", "1-", "00e9999", "-00"}) {
         for (const char* other : {"2", "1e999", "-0"}) {

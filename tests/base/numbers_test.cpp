@@ -12,7 +12,7 @@
 namespace kalvo::base {
 namespace {
 
-TEST(ParseDouble, ReadsAndRoundsAsTheCLibraryDoes) {
+TEST(ParseDoubleTest, ReadsAndRoundsAsTheCLibraryDoes) {
     std::istringstream texts(
         "0 7. .7 +5 -.5e1 0x1p4 inf infinity 0.1 45.46030 11.32639 0.00000000000001 "
         "99999999999.999 123456789012345 999999999999999 9007199254740993 0.3000000000000000166 "
@@ -22,7 +22,7 @@ TEST(ParseDouble, ReadsAndRoundsAsTheCLibraryDoes) {
     }
 }
 
-TEST(ParseDouble, RefusesAnythingRoundTheNumber) {
+TEST(ParseDoubleTest, RefusesAnythingRoundTheNumber) {
     for (const char* text : {"\t1", "1,5", "--1", "1e", ".", "1.2.3"}) {
         EXPECT_EQ(parseDouble(text), std::nullopt) << text;
     }
@@ -30,7 +30,7 @@ TEST(ParseDouble, RefusesAnythingRoundTheNumber) {
     EXPECT_TRUE(std::isnan(parseDouble("nan").value()));
 }
 
-TEST(ParseDouble, KeepsThePointWhereTheUserWritesAComma) {
+TEST(ParseDoubleTest, KeepsThePointWhereTheUserWritesAComma) {
     const tests::TemporaryFolder folder;
     const auto definition = folder.write("comma",
                                          "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\n"
@@ -47,7 +47,7 @@ TEST(ParseDouble, KeepsThePointWhereTheUserWritesAComma) {
     std::setlocale(LC_NUMERIC, "C");
 }
 
-TEST(ShortestDecimal, AlwaysShowsThatItIsADouble) {
+TEST(ShortestDecimalTest, AlwaysShowsThatItIsADouble) {
     for (const char* text : {"45.0", "-33.925", "0.0001", "1e-05", "1000000000000000.0", "1e+21",
                              "0.30000000000000004"}) {
         EXPECT_EQ(shortestDecimal(std::strtod(text, nullptr)), text);

@@ -13,7 +13,7 @@ std::string repeated(std::string_view text, std::size_t count) {
     return all;
 }
 
-TEST(ShownText, IsCutAfterAWholeCodePoint) {
+TEST(ShownTextTest, IsCutAfterAWholeCodePoint) {
     for (const char* letter : {"a", "è", "€", "🌍"}) {
         const std::string longest = repeated(letter, kShownLength);
         EXPECT_EQ(shownText(longest), longest);
@@ -22,7 +22,7 @@ TEST(ShownText, IsCutAfterAWholeCodePoint) {
     EXPECT_EQ(shownText(std::string(1001, '\x80')).size(), 4 * kShownLength + 3) << "no UTF-8";
 }
 
-TEST(ShownText, HasNothingThatActs) {
+TEST(ShownTextTest, HasNothingThatActs) {
     // Just outside and at both ends of each range.
     constexpr std::string_view kText =
         "\x1F !\0~\x7F|\u0080\u009F\u00A0|\u061B\u061C|\u200D\u200E\u200F\u2010|"
@@ -31,7 +31,7 @@ TEST(ShownText, HasNothingThatActs) {
               "  ! ~ |  \u00A0|\u061B |\u200D  \u2010|\u2027  \u202F|\u2065  \u206A");
 }
 
-TEST(ShownText, BreaksLongRunsOnly) {
+TEST(ShownTextTest, BreaksLongRunsOnly) {
     EXPECT_EQ(withLineBreakOpportunities("Friuli-Venezia Giulia\n12.345.678 kWh/anno"),
               "Friuli-Venezia Giulia\n12.345.678 kWh/anno");
     const std::string run = repeated("è", 24);

@@ -82,13 +82,13 @@ void expectChart(const std::string& name) {
     });
 }
 
-TEST(ChartViews, DrawAndTellTheWind) {
+TEST(ChartViewsTest, DrawAndTellTheWind) {
     expectChart<WindChartView>("charts/transcripts/wind_chart.txt");
 }
-TEST(ChartViews, DrawAndTellTheRose) {
+TEST(ChartViewsTest, DrawAndTellTheRose) {
     expectChart<WindRoseChartView>("charts/transcripts/wind_rose.txt");
 }
-TEST(ChartViews, DrawAndTellTheSky) {
+TEST(ChartViewsTest, DrawAndTellTheSky) {
     expectChart<SolarChartView>("charts/transcripts/solar_chart.txt");
 }
 

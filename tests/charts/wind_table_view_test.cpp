@@ -7,7 +7,7 @@
 namespace kalvo::charts {
 namespace {
 
-TEST(WindTableView, CopiesATabSeparatedTableWithZerosWhereThereIsNothing) {
+TEST(WindTableViewTest, CopiesATabSeparatedTableWithZerosWhereThereIsNothing) {
     WindTableView view{{{"Gen", {1, 4, 7, 9, 6, 3, 1}},
                         {"Feb", {28}},
                         {"Ago", {-2, 0, 0, 1234567, 0, 0, 0, 99}},

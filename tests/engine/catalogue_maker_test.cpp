@@ -36,7 +36,7 @@ std::string catalogueOf(std::string_view places,
     return made->catalogue.substr(made->catalogue.find('\n') + 1);
 }
 
-TEST(CatalogueMaker, GivesEveryHubItsWind) {
+TEST(CatalogueMakerTest, GivesEveryHubItsWind) {
     // The only station is as exposed as the place, so its 2.5 m/s, 9 km/h at 10 m, are the place's:
     // 2800 + 3100 / 12 = 3058.3. At 12 m 9 x 1.2^(1/7) = 9.2375 km/h make 3119.7, at 15 m 9 x
     // 1.5^(1/7) = 9.5367 make 3197.0.
@@ -46,7 +46,7 @@ TEST(CatalogueMaker, GivesEveryHubItsWind) {
               "Roma;RM;Lazio;LIRU;3058;3120;3197;41.89330;12.48289\n");
 }
 
-TEST(CatalogueMaker, WeighsTheStationsOfAPlace) {
+TEST(CatalogueMakerTest, WeighsTheStationsOfAPlace) {
     // The place lies at 42 north; a degree of latitude is 111.195 km. Exposures: the place 2.6 x
     // 0.5 = 1.3 m/s, LIAA 2.6 x 0.3 = 0.78, LIBB 2.6 x 0.7 = 1.82, the cape LICC 2.6 x 0.9 + 0.5
     // (on the coast) = 2.84.
@@ -76,7 +76,7 @@ TEST(CatalogueMaker, WeighsTheStationsOfAPlace) {
     }
 }
 
-TEST(CatalogueMaker, RefusesFaultyTables) {
+TEST(CatalogueMakerTest, RefusesFaultyTables) {
     constexpr std::string_view kPlace = "A;XX;R;41.9;12.1;0\n";
     constexpr std::string_view kStation = "Piana;LIAA;1;42.0;12.0;5;2;;G;A;36;x\n";
     EXPECT_EQ(catalogueOf("A;XX;R;41.9 N;12.1;0\n", kStation), "no coordinates: A");
@@ -97,7 +97,7 @@ TEST(CatalogueMaker, RefusesFaultyTables) {
 }
 
 /// What ships, and the sources it is made from.
-class ShippedCatalogue : public testing::Test {
+class ShippedCatalogueTest : public testing::Test {
  protected:
     static std::string read(const std::filesystem::path& file) {
         return base::readFile(kResources / file).value();
@@ -108,7 +108,7 @@ class ShippedCatalogue : public testing::Test {
     const CatalogueSources sources{.places = places, .stations = stations, .exposures = exposures};
 };
 
-TEST_F(ShippedCatalogue, IsWhatTheToolMakes) {
+TEST_F(ShippedCatalogueTest, IsWhatTheToolMakes) {
     const auto made = makeCatalogue(sources);
     ASSERT_TRUE(made) << made.error().message;
     EXPECT_TRUE(read("comuni_italia.csv") == made->catalogue);
@@ -116,7 +116,7 @@ TEST_F(ShippedCatalogue, IsWhatTheToolMakes) {
     EXPECT_TRUE(read("README.md").ends_with(made->stationTable));
 }
 
-TEST_F(ShippedCatalogue, IsNearerToTheTruthThanTheNearestStation) {
+TEST_F(ShippedCatalogueTest, IsNearerToTheTruthThanTheNearestStation) {
     const auto error = checkError(sources);
     ASSERT_TRUE(error);
     EXPECT_NEAR(error->rule, 0.378, 0.0005);

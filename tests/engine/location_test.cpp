@@ -9,7 +9,7 @@
 namespace kalvo::engine {
 namespace {
 
-TEST(Location, EqualityAndHashCoverEveryField) {
+TEST(LocationTest, EqualityAndHashCoverEveryField) {
     std::vector<Location> places(1);
     for (std::string Location::*text :
          {&Location::label, &Location::city, &Location::province, &Location::region,

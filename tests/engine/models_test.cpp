@@ -119,11 +119,11 @@ std::string answer(const std::string& question) {
     throw std::invalid_argument(question);
 }
 
-TEST(Models, AnswerByTheirRules) {
+TEST(ModelsTest, AnswerByTheirRules) {
     tests::expectTranscript("engine/transcripts/models.txt", answer);
 }
 
-TEST(SolarProduction, IsNothingWithoutSkiesAndRoundsHalvesAwayFromZero) {
+TEST(SolarProductionTest, IsNothingWithoutSkiesAndRoundsHalvesAwayFromZero) {
     EXPECT_EQ(CalculationEngine::calculateSolarProduction(SolarData{}, 3), 0);
     const SolarData half{.sunny = {1.0 / 11}, .partlyCloudy = {}, .overcast = {}, .precip = {9}};
     EXPECT_EQ(CalculationEngine::calculateSolarProduction(half, 1), 1);

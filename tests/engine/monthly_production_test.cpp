@@ -34,7 +34,7 @@ std::optional<MonthlyProduction> wind(const WindDistribution& dist, std::int64_t
     return CalculationEngine::calculateMonthlyWindProduction(dist, 1, quantity);
 }
 
-TEST(MonthlyProduction, GivesWhatIsLeftToTheLargestRemaindersAndOfEqualOnesToTheEarlierMonth) {
+TEST(MonthlyProductionTest, GivesWhatIsLeftToTheLargestRemaindersAndOfEqualOnesToTheEarlierMonth) {
     // 9 quarters are 2.25, rounded to 2: quotas 5, 3, 1 ninths of 2 are 1.11, 0.67 and 0.22.
     EXPECT_THAT(wind(quarters({5, 3, 1}))->kwh, ElementsAre(1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
     // 12 months of one quarter make 3: every quota is 0.25, so the first three get it.
@@ -48,7 +48,7 @@ TEST(MonthlyProduction, GivesWhatIsLeftToTheLargestRemaindersAndOfEqualOnesToThe
                 ElementsAre(2, 2, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1));
 }
 
-TEST(MonthlyProduction, KeepsRemaindersThatDoublesLose) {
+TEST(MonthlyProductionTest, KeepsRemaindersThatDoublesLose) {
     // 2 * (2^63 - 1) days of 24 kWh count as 24 * 2^64 kWh; a third of the days is in January. The
     // quotas 8 * 2^64 and 16 * 2^64 are whole, which no double could tell from their neighbors.
     const WholeNumber total = WholeNumber(24) << 64;
@@ -62,7 +62,7 @@ TEST(MonthlyProduction, KeepsRemaindersThatDoublesLose) {
     EXPECT_GT(uneven->kwh[0], uneven->kwh[1]) << "a day in 2^63";
 }
 
-TEST(MonthlyProduction, OfTheSunFollowsItsSkies) {
+TEST(MonthlyProductionTest, OfTheSunFollowsItsSkies) {
     // 5.5 + 2 * 2.8 + 0.8 = 11.9, of 3 kWp 35.7, rounded 36, times 2: 72, of which January has
     // 5.5 / 11.9 (33.28), February 5.6 / 11.9 (33.88) and March 0.8 / 11.9 (4.84).
     const SolarData skies{.sunny = {1}, .partlyCloudy = {0, 2}, .overcast = {0, 0, 1}, .precip{9}};
@@ -75,7 +75,7 @@ TEST(MonthlyProduction, OfTheSunFollowsItsSkies) {
     EXPECT_EQ(CalculationEngine::calculateMonthlySolarProduction(endless, 1, 1), std::nullopt);
 }
 
-TEST(MonthlyProduction, AddsUpForAnyCounts) {
+TEST(MonthlyProductionTest, AddsUpForAnyCounts) {
     constexpr std::uint64_t kSeed = 20261123;
     SCOPED_TRACE(kSeed);
     std::mt19937_64 random(kSeed);

@@ -65,7 +65,7 @@ void addPlace(const Location& place, std::map<std::string, std::string>& texts) 
     }
 }
 
-TEST(ReferenceFigures, AreThoseOfTheEngine) {
+TEST(ReferenceFiguresTest, AreThoseOfTheEngine) {
     const base::Bundle bundle(KALVO_SOURCE_DIR "/resources");
     tests::RecordingDiagnostics diagnostics;
     std::map<std::string, std::string> texts;

@@ -14,7 +14,7 @@ base::Result<Stations> read(std::string_view rows) {
         std::string("centralina;nome;latitude;longitude;vento_medio_ms;uso;anni\n").append(rows));
 }
 
-TEST(Stations, ReadsItsTable) {
+TEST(StationsTest, ReadsItsTable) {
     const auto stations = read(
         "LICT;Trapani Birgi;37.9142;12.4914;4.22;G;1965-2023\n"
         "WMO 16549;Carloforte;39.137;8.3114;4.75;L;1978-2008\n");
@@ -35,7 +35,7 @@ TEST(Stations, ReadsItsTable) {
     EXPECT_FALSE(Stations::read("nome;latitude\n"));
 }
 
-TEST(Stations, TellWhatTheWindOfAPlaceRestsOn) {
+TEST(StationsTest, TellWhatTheWindOfAPlaceRestsOn) {
     const Stations stations = read(
                                   "LIAA;A;42.2;12;4;G;x\n"       // 22.24 km
                                   "LICC;C;42.044966;12;6;L;x\n"  // 5 km: 1/5 - 1/10

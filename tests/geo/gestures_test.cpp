@@ -30,7 +30,7 @@ std::chrono::milliseconds milliseconds(std::istringstream& words) {
     return std::chrono::milliseconds(static_cast<int>(number(words)));
 }
 
-TEST(Gestures, MoveAndZoomTheMap) {
+TEST(GesturesTest, MoveAndZoomTheMap) {
     MapGestures map;
     constexpr graphics::Size kView{200, 100};
     tests::expectTranscript("geo/transcripts/map_gestures.txt", [&](const std::string& question) {
@@ -56,7 +56,7 @@ TEST(Gestures, MoveAndZoomTheMap) {
     });
 }
 
-TEST(Gestures, TurnTheGlobe) {
+TEST(GesturesTest, TurnTheGlobe) {
     GlobeView globe{};
     GlobeView::Time now = globe.lastDragTime;
     std::string told;
@@ -88,7 +88,7 @@ TEST(Gestures, TurnTheGlobe) {
     });
 }
 
-TEST(Gestures, TellTapsFromDrags) {
+TEST(GesturesTest, TellTapsFromDrags) {
     DragRecognizer recognizer;
     GlobeView::Time now{};
     tests::expectTranscript("geo/transcripts/drags.txt", [&](const std::string& question) {
@@ -110,7 +110,7 @@ TEST(Gestures, TellTapsFromDrags) {
     });
 }
 
-TEST(Gestures, GlideFromTheLastTenthOfASecondHoweverManyMovementsCome) {
+TEST(GesturesTest, GlideFromTheLastTenthOfASecondHoweverManyMovementsCome) {
     // A point each millisecond: 250 points on.
     DragRecognizer recognizer;
     recognizer.press({0, 0}, {}, DragRecognizer::Press::kFirst);

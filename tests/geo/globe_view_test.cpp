@@ -29,7 +29,7 @@ RecordingCanvas drawn(const GlobeView& view, const std::vector<CountryRing>& rin
     return canvas;
 }
 
-TEST(GlobeView, DrawsFromTheBackgroundUp) {
+TEST(GlobeViewTest, DrawsFromTheBackgroundUp) {
     GlobeView view = viewFrom(0, 0);
     view.targetLat = 0;
     view.targetLon = 30;  // whose sine is a half
@@ -45,7 +45,7 @@ TEST(GlobeView, DrawsFromTheBackgroundUp) {
                     "disc #ff3b30 165,115 3", "text Roma #ffffff 11 bold 165,99"));
 }
 
-TEST(GlobeView, MarksOnlyATargetOnTheNearSide) {
+TEST(GlobeViewTest, MarksOnlyATargetOnTheNearSide) {
     for (const int lon : {90, 92, 180}) {
         GlobeView view = viewFrom(0, 0);
         view.targetLat = 0;
@@ -55,7 +55,7 @@ TEST(GlobeView, MarksOnlyATargetOnTheNearSide) {
     }
 }
 
-TEST(GlobeView, ContinentsStandInForMissingCountries) {
+TEST(GlobeViewTest, ContinentsStandInForMissingCountries) {
     tests::expectTranscript("geo/transcripts/continents.txt", [](const std::string& question) {
         std::string lines = drawn(viewFrom(std::stod(question), 0), {}).ofKind("lines").back();
         for (std::size_t at = 0; (at = lines.find(" open", at)) != std::string::npos;) {
@@ -67,7 +67,7 @@ TEST(GlobeView, ContinentsStandInForMissingCountries) {
               "lines #2ebd5e 1.2 open 115,132.365 118.015,132.101");
 }
 
-TEST(GlobeView, SplitsALineAtItsHiddenStretch) {
+TEST(GlobeViewTest, SplitsALineAtItsHiddenStretch) {
     // In sight, behind, in sight again. A degree is sin d x 100 points from the center: 17.3648 at
     // 10, 34.2020 at 20, 8.7156 at 5 (8.6824 of them east).
     const std::vector<CountryRing> rings{

@@ -119,7 +119,7 @@ class AskedMap {
     std::string answer_;
 };
 
-TEST(MapView, DrawsAndTellsItsMap) {
+TEST(MapViewTest, DrawsAndTellsItsMap) {
     tests::expectTranscript("geo/transcripts/map.txt", AskedMap());
 }
 

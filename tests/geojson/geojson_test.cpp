@@ -26,7 +26,7 @@ std::string documentOf(const std::string& question) {
     return question;
 }
 
-TEST(GeoJSON, ReadsWhatIsSoundAndRefusesTheRest) {
+TEST(GeoJSONTest, ReadsWhatIsSoundAndRefusesTheRest) {
     tests::expectTranscript("geojson/transcripts/documents.txt", [](const std::string& question) {
         const auto map = decodeGeoJSON(documentOf(question));
         if (!map) return "refused: " + map.error().message;
@@ -38,14 +38,14 @@ TEST(GeoJSON, ReadsWhatIsSoundAndRefusesTheRest) {
     EXPECT_FALSE(decodeGeoJSON(collectionText({featureText("{\"k\":\"\xFF\"}", "[]")})));
 }
 
-TEST(GeoJSON, KeepsAnIntegerBeyondTheDoublesAsItsText) {
+TEST(GeoJSONTest, KeepsAnIntegerBeyondTheDoublesAsItsText) {
     for (const std::string& huge : {"1" + std::string(400, '0'), "-1" + std::string(400, '0')}) {
         const auto map = decodeGeoJSON(documentOf("property " + huge));
         EXPECT_EQ(map.value().features[0].properties.at("k").value, huge);
     }
 }
 
-TEST(GeoJSON, ArraysOfAnySizeDecode) {
+TEST(GeoJSONTest, ArraysOfAnySizeDecode) {
     // Around the size from which on an array keeps its size apart.
     for (const std::size_t size : {524'286U, 524'287U, 524'288U}) {
         std::string numbers = "0";
@@ -62,7 +62,7 @@ TEST(GeoJSON, ArraysOfAnySizeDecode) {
     }
 }
 
-TEST(GeoJSON, DecodesTraversesAndWritesAnyDepth) {
+TEST(GeoJSONTest, DecodesTraversesAndWritesAnyDepth) {
     constexpr std::size_t kDepth = 100'000;
     const auto map = decodeGeoJSON(
         collectionText({featureText(R"({"k":)" + nested(kDepth) + "}", nested(kDepth))}));
@@ -74,7 +74,7 @@ TEST(GeoJSON, DecodesTraversesAndWritesAnyDepth) {
     EXPECT_FALSE(decodeGeoJSON(R"({"features":)" + std::string(kDepth, '[')));
 }
 
-TEST(GeoJSON, TraversesInOrderAndLeavesOutWhatIsDeclined) {
+TEST(GeoJSONTest, TraversesInOrderAndLeavesOutWhatIsDeclined) {
     const auto map = decodeGeoJSON(outlineText("[1,[2,[3,4]],[],[[5],6]]"));
     ASSERT_TRUE(map);
     std::vector<double> seen;
@@ -85,7 +85,7 @@ TEST(GeoJSON, TraversesInOrderAndLeavesOutWhatIsDeclined) {
     EXPECT_EQ(seen, (std::vector<double>{1, 5, 6}));
 }
 
-TEST(GeoJSON, MapsAreValuesThatShareTheirFeatures) {
+TEST(GeoJSONTest, MapsAreValuesThatShareTheirFeatures) {
     const GeoMapData map = decodeGeoJSON(outlineText("[[1,2]]")).value();
     EXPECT_EQ(map, decodeGeoJSON(outlineText(" [ [1.0, 2] ] ")).value());
     for (const char* other : {"[[1,3]]", "[1,2]"}) {

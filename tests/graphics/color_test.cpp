@@ -9,7 +9,7 @@ namespace {
 
 constexpr Color kFallback{1 / 255.0, 1 / 255.0, 0, 1 / 255.0};
 
-TEST(ColorHex, ReadsTheText) {
+TEST(ColorHexTest, ReadsTheText) {
     const std::pair<const char*, Color> kCases[] = {
         {"#ffd600", {1, 214 / 255.0, 0, 1}},
         {"  (#FFD600) ", {1, 214 / 255.0, 0, 1}},

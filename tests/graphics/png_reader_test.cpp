@@ -9,7 +9,7 @@
 namespace kalvo::graphics {
 namespace {
 
-TEST(Png, IsReadAsQtReadsIt) {
+TEST(PngTest, IsReadAsQtReadsIt) {
     const std::filesystem::path images(KALVO_SOURCE_DIR "/resources/images");
     int read = 0;
     for (const auto& entry : std::filesystem::directory_iterator(images)) {
@@ -23,7 +23,7 @@ TEST(Png, IsReadAsQtReadsIt) {
     EXPECT_GE(read, 12);
 }
 
-TEST(Png, ThatIsDamagedIsNoPicture) {
+TEST(PngTest, ThatIsDamagedIsNoPicture) {
     const std::string logo = base::readFile(KALVO_SOURCE_DIR "/resources/images/logo.png").value();
     EXPECT_TRUE(readPng("").isNull());
     EXPECT_TRUE(readPng("no picture").isNull());

@@ -49,7 +49,7 @@ Drawing filled(std::vector<Point> points) {
     return [=](Canvas& canvas) { canvas.fillPath({{{points, true}}}, kBlack); };
 }
 
-TEST(QtCanvas, CutsOnlyWhatIsOutOfSight) {
+TEST(QtCanvasTest, CutsOnlyWhatIsOutOfSight) {
     const std::vector<Point> zigzag{{-300, 40}, {50, 20},  {400, 60}, {60, 70},
                                     {50, -90},  {40, 200}, {30, 40},  {-50, 30}};
     const std::vector<Point> roundACorner{{20, 20}, {160, 20}, {160, 120}, {20, 60}};
@@ -69,7 +69,7 @@ TEST(QtCanvas, CutsOnlyWhatIsOutOfSight) {
     EXPECT_LE(largestDifference(picture(shapes), picture(shapes, 2000)), 2);
 }
 
-TEST(QtCanvas, EndlessGeometryKeepsItsPixelsAndItsPace) {
+TEST(QtCanvasTest, EndlessGeometryKeepsItsPixelsAndItsPace) {
     const auto wedge = [](double radius) {
         return [=](Canvas& canvas) { canvas.fillWedge({{50, 40}, radius, 30, 45}, kBlack); };
     };
@@ -106,7 +106,7 @@ TEST(QtCanvas, EndlessGeometryKeepsItsPixelsAndItsPace) {
     }
 }
 
-TEST(QtCanvas, LeavesOutWhatIsNoNumber) {
+TEST(QtCanvasTest, LeavesOutWhatIsNoNumber) {
     const double nan = std::nan("");
     EXPECT_TRUE(isBlank(picture([&](Canvas& canvas) {
         canvas.fillRect({10, nan, 20, 20}, kBlack);
@@ -123,7 +123,7 @@ TEST(QtCanvas, LeavesOutWhatIsNoNumber) {
               0);
 }
 
-TEST(QtCanvas, PaintsTheRightPixels) {
+TEST(QtCanvasTest, PaintsTheRightPixels) {
     using Pixel = std::tuple<int, int, int>;  // its column and row, and how dark it is
     const auto expectPixels = [](const Drawing& drawing, const std::vector<Pixel>& pixels) {
         const QImage image = picture(drawing);
@@ -155,7 +155,7 @@ TEST(QtCanvas, PaintsTheRightPixels) {
     expectPixels(clipped, {{50, 40, 255}, {50, 21, 255}, {50, 18, 0}, {31, 21, 0}, {2, 2, 255}});
 }
 
-TEST(QtCanvas, CentersTextOnItsPoint) {
+TEST(QtCanvasTest, CentersTextOnItsPoint) {
     const auto inkOf = [](bool bold) {
         const QImage image = picture([&](Canvas& canvas) {
             canvas.drawText("HHH", {50, 40}, {20, bold, kBlack});

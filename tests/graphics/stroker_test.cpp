@@ -41,7 +41,7 @@ QImage strokedByQt(const ClippedPolyline& line, double width) {
     });
 }
 
-TEST(Stroker, PaintsWhatQPainterStrokes) {
+TEST(StrokerTest, PaintsWhatQPainterStrokes) {
     ClippedPolyline jaggedCoast{{}, true};
     for (int i = 0; i < 300; ++i) {
         const double angle = 2 * 3.14159265 * i / 300;
@@ -65,7 +65,7 @@ TEST(Stroker, PaintsWhatQPainterStrokes) {
     }
 }
 
-TEST(Stroker, CutsLongerMitersOff) {
+TEST(StrokerTest, CutsLongerMitersOff) {
     // 9 degrees, a miter of 12.5 widths.
     const QImage sharp = outlined({{{10, 46.8}, {50, 50}, {10, 53.2}}, false}, 4);
     EXPECT_EQ(tests::darkness(sharp, 55, 50), 0);

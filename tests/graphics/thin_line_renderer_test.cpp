@@ -68,7 +68,7 @@ LineBatch raysAndWave() {
     return lines;
 }
 
-TEST(ThinLineRenderer, LooksLikeThePaintersStrokes) {
+TEST(ThinLineRendererTest, LooksLikeThePaintersStrokes) {
     const LineBatch lines = raysAndWave();
     for (const double scale : {1.0, 1.5, 2.0}) {
         // Thinner ones the painter draws by a short cut of its own, less exactly.
@@ -83,7 +83,7 @@ TEST(ThinLineRenderer, LooksLikeThePaintersStrokes) {
     }
 }
 
-TEST(ThinLineRenderer, MitersACornerButNoHairpin) {
+TEST(ThinLineRendererTest, MitersACornerButNoHairpin) {
     const QImage corner = drawn({{{10, 20}, {20, 20}, {20, 30}}, {0}}, 2, 1, {});
     EXPECT_EQ(tests::darkness(corner, 20, 19), 255);
     EXPECT_EQ(tests::darkness(corner, 21, 18), 0);
@@ -94,7 +94,7 @@ TEST(ThinLineRenderer, MitersACornerButNoHairpin) {
     EXPECT_EQ(tests::darkness(back, 19, 20), 255);
 }
 
-TEST(ThinLineRenderer, LeavesToThePainterWhatTheMaskCannotDo) {
+TEST(ThinLineRendererTest, LeavesToThePainterWhatTheMaskCannotDo) {
     LineBatch lines = raysAndWave();
     const QTransform turned = QTransform().rotate(20).scale(0.5, 0.5);
     EXPECT_LT(deviation(lines, 1.2, 1, turned).mean, 0.5);
@@ -112,7 +112,7 @@ TEST(ThinLineRenderer, LeavesToThePainterWhatTheMaskCannotDo) {
     EXPECT_LT(tests::difference(drawn(lines, 1.2, 1, {}), painted(finite, 1.2, 1, {})).mean, 0.5);
 }
 
-TEST(ThinLineRenderer, DrawsNothingForLinesWithoutLength) {
+TEST(ThinLineRendererTest, DrawsNothingForLinesWithoutLength) {
     for (const LineBatch& lines :
          {LineBatch{}, LineBatch{{}, {0}}, LineBatch{{{50, 50}}, {0}},
           LineBatch{{{50, 50}, {50, 50}, {50, 50}}, {0}}, LineBatch{{{0, 0}, {120, 90}}, {0, 1}}}) {
@@ -120,7 +120,7 @@ TEST(ThinLineRenderer, DrawsNothingForLinesWithoutLength) {
     }
 }
 
-TEST(ThinLineRenderer, KeepsColorOpacityAndClip) {
+TEST(ThinLineRendererTest, KeepsColorOpacityAndClip) {
     QImage image = tests::paper(kSize);
     QPainter painter(&image);
     QtCanvas canvas(painter, {120, 90});

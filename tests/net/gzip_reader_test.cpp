@@ -7,7 +7,7 @@
 namespace kalvo::net {
 namespace {
 
-TEST(GzipReader, StopsAtTheLimit) {
+TEST(GzipReaderTest, StopsAtTheLimit) {
     constexpr std::size_t kLimit = 1000;
     GzipReader reader;
     std::string text;

@@ -5,7 +5,7 @@
 namespace kalvo::net {
 namespace {
 
-TEST(IsValidUrl, TakesAddressesThatARequestCanBeSentTo) {
+TEST(IsValidUrlTest, TakesAddressesThatARequestCanBeSentTo) {
     for (const char* text :
          {"https://host", "https://host:8443/path?query=Rome%20&%20co", "https://host/münchen"}) {
         EXPECT_TRUE(isValidUrl(text)) << text;
@@ -20,7 +20,7 @@ TEST(IsValidUrl, TakesAddressesThatARequestCanBeSentTo) {
     EXPECT_FALSE(isValidUrl(longest + "x"));
 }
 
-TEST(PercentEncodedQuery, EscapesWhatAQueryCannotHoldAndRefusesWhatIsNotUtf8) {
+TEST(PercentEncodedQueryTest, EscapesWhatAQueryCannotHoldAndRefusesWhatIsNotUtf8) {
     EXPECT_EQ(percentEncodedQuery("aZ09-._~!$&'()*+,;=:@/?"), "aZ09-._~!$&'()*+,;=:@/?");
     EXPECT_EQ(percentEncodedQuery("\"#%<>[\\]^`{|}\nà"),
               "%22%23%25%3C%3E%5B%5C%5D%5E%60%7B%7C%7D%0A%C3%A0");

@@ -53,7 +53,7 @@ std::string told(const Counts& all, const std::function<std::string(std::size_t)
     return found + fmt::format("{} in all", all.size());
 }
 
-TEST(Decoders, ReadTheWindSpeeds) {
+TEST(DecodersTest, ReadTheWindSpeeds) {
     using engine::CalculationEngine;
     tests::expectTranscript("online/transcripts/wind_speeds.txt", [](const std::string& question) {
         // In the calendar's order, as the months' lengths are.
@@ -69,14 +69,14 @@ TEST(Decoders, ReadTheWindSpeeds) {
     });
 }
 
-TEST(Decoders, ReadTheWindRose) {
+TEST(DecodersTest, ReadTheWindRose) {
     tests::expectTranscript("online/transcripts/wind_rose.txt", [](const std::string& question) {
         return told(parseWindRoseJSON(chartOf(question)),
                     [](std::size_t) { return "0 0 0 0 0 0 0"; });
     });
 }
 
-TEST(Decoders, ReadTheCloudCoverage) {
+TEST(DecodersTest, ReadTheCloudCoverage) {
     EXPECT_EQ(parseCloudCoverageJSON(nullptr), std::nullopt);
     tests::expectTranscript(
         "online/transcripts/cloud_coverage.txt", [](const std::string& question) {
@@ -89,7 +89,7 @@ TEST(Decoders, ReadTheCloudCoverage) {
         });
 }
 
-TEST(Decoders, ReadThePlacesFound) {
+TEST(DecodersTest, ReadThePlacesFound) {
     tests::expectTranscript("online/transcripts/places.txt", [](const std::string& question) {
         std::string found;
         for (const MeteoblueSearchResult& place : decodeSearchResults(documentOf(question))) {
@@ -100,14 +100,14 @@ TEST(Decoders, ReadThePlacesFound) {
     });
 }
 
-TEST(Decoders, ReadThePlaceName) {
+TEST(DecodersTest, ReadThePlaceName) {
     tests::expectTranscript("online/transcripts/place_name.txt", [](const std::string& question) {
         const auto name = decodePlaceName(documentOf(question));
         return name ? "\"" + *name + "\"" : "";
     });
 }
 
-TEST(Decoders, FindTheChartsOfAPage) {
+TEST(DecodersTest, FindTheChartsOfAPage) {
     tests::expectTranscript("online/transcripts/climate_page.txt", [](const std::string& question) {
         const auto found = findChartAddresses(documentOf(question));
         if (!found) return std::string();
@@ -116,7 +116,7 @@ TEST(Decoders, FindTheChartsOfAPage) {
     });
 }
 
-TEST(Matches, ListsWhatGroupOneCaptured) {
+TEST(MatchesTest, ListsWhatGroupOneCaptured) {
     tests::expectTranscript("online/transcripts/matches.txt", [](const std::string& question) {
         const std::size_t end = question.find(" in ");
         std::string found;
@@ -127,7 +127,7 @@ TEST(Matches, ListsWhatGroupOneCaptured) {
     });
 }
 
-TEST(SortByDistance, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
+TEST(SortByDistanceTest, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
     // On plain degrees: a meridian's convergence or the date line would put the last one second.
     std::vector<MeteoblueSearchResult> places;
     for (const auto& [name, lat, lon] : {std::tuple{"across the date line", 80.0, -179.0},
@@ -143,7 +143,7 @@ TEST(SortByDistance, PutsTheNearestFirstAndKeepsTheOrderOfEquals) {
     EXPECT_EQ(names, "here, 1 north, 1 south, 1.5 east, across the date line, ");
 }
 
-TEST(MeteoblueSearchResult, HashesByEveryFieldAndZerosAlike) {
+TEST(MeteoblueSearchResultTest, HashesByEveryFieldAndZerosAlike) {
     const std::hash<MeteoblueSearchResult> hash;
     const MeteoblueSearchResult empty{};
     EXPECT_EQ(hash({"", "", -0.0, -0.0, "", "", ""}), hash(empty));
@@ -162,7 +162,7 @@ TEST(MeteoblueSearchResult, HashesByEveryFieldAndZerosAlike) {
 // Listing all matches, or capturing groups in one that is as long as the page, takes seconds; a
 // backtracking engine takes minutes. Processor time, as the time on the wall tells of what else the
 // machine does; an unoptimized build in a hurry is given four times the goal of 0.1 s.
-TEST(FindChartAddresses, TakesLinearTimeForAnyPage) {
+TEST(FindChartAddressesTest, TakesLinearTimeForAnyPage) {
     constexpr std::size_t kSize = std::size_t{8} << 20;
     const std::string both = "id='blooimage' data-url='wind_speeds' data-url='wind_rose'";
     for (const std::string part :

@@ -7,7 +7,7 @@
 namespace kalvo::online {
 namespace {
 
-TEST(JsonDocument, RefusesWhatIsNoJson) {
+TEST(JsonDocumentTest, RefusesWhatIsNoJson) {
     const std::string deep = std::string(100'000, '[') + std::string(100'000, ']');
     for (const std::string& body :
          {std::string(), std::string("<html></html>"), std::string("5"), std::string("\"text\""),

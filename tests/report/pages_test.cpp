@@ -73,7 +73,7 @@ class PageTexts final : public tests::RecordingCanvas {
     double lastBaseline_ = 0;
 };
 
-class ReportPages : public testing::Test {
+class ReportPagesTest : public testing::Test {
  protected:
     static void SetUpTestSuite() {
         for (const char* face : {"Regular", "SemiBold"}) {
@@ -87,7 +87,7 @@ class ReportPages : public testing::Test {
     Report report = sampleReport();
 };
 
-TEST_F(ReportPages, AnswerAndTellWhatTheyRestOn) {
+TEST_F(ReportPagesTest, AnswerAndTellWhatTheyRestOn) {
     std::map<std::string, std::vector<std::string>> ordinaryRows;
     tests::expectTranscript("report/transcripts/pages.txt", [&](const std::string& question) {
         std::istringstream lines(question);
@@ -130,7 +130,7 @@ TEST_F(ReportPages, AnswerAndTellWhatTheyRestOn) {
     });
 }
 
-TEST_F(ReportPages, KeepTheirFormWhateverTheyShow) {
+TEST_F(ReportPagesTest, KeepTheirFormWhateverTheyShow) {
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
     std::vector<Report> reports(6, report);
     for (int i = 0; i < 40; ++i) reports[1].city += " Àlta風力";

@@ -23,7 +23,7 @@ std::string printed(const QString& program, const QStringList& arguments) {
     return process.readAllStandardOutput().toStdString();
 }
 
-TEST(PdfFile, IsOfTwoSearchablePagesWithEmbeddedFontsAndSaysWhatItIs) {
+TEST(PdfFileTest, IsOfTwoSearchablePagesWithEmbeddedFontsAndSaysWhatItIs) {
     tests::TemporaryFolder folder;
     const QString path = QString::fromStdString(folder.path() / "report.pdf");
     ASSERT_TRUE(saveFile(pdfOf(sampleReport()), path));
@@ -49,7 +49,7 @@ TEST(PdfFile, IsOfTwoSearchablePagesWithEmbeddedFontsAndSaysWhatItIs) {
     }
 }
 
-TEST(PdfFile, AFaultLeavesTheOldFileWholeAndSaysWhy) {
+TEST(PdfFileTest, AFaultLeavesTheOldFileWholeAndSaysWhy) {
     tests::TemporaryFolder folder;
     const std::filesystem::path old = folder.write("old.pdf", "old");
     const auto failure = [](const std::filesystem::path& path) {
@@ -75,7 +75,7 @@ TEST(PdfFile, AFaultLeavesTheOldFileWholeAndSaysWhy) {
     EXPECT_EQ(base::readFile(old).value().size(), 100'000u);
 }
 
-TEST(PdfFile, IsNamedAfterItsPlaceInLettersThatFileSystemsTake) {
+TEST(PdfFileTest, IsNamedAfterItsPlaceInLettersThatFileSystemsTake) {
     Report report = sampleReport();
     const auto nameOf = [&](const std::string& city) {
         report.city = city;

@@ -19,7 +19,7 @@ int inkOf(const QImage& image, const QColor& color) {
     return pixels;
 }
 
-TEST(Symbols, AreDrawnInOneColorAtEveryScale) {
+TEST(SymbolsTest, AreDrawnInOneColorAtEveryScale) {
     for (const char* name : {"magnifyingglass", "doc.on.doc", "equal.circle", "info.circle",
                              "wind.snow", "chevron.up.chevron.down", "checkmark",
                              "exclamationmark.triangle", "xmark.circle.fill"}) {
