@@ -16,6 +16,11 @@ ScrollPage::ScrollPage(QWidget* parent) : QScrollArea(parent) {
             [this](QWidget* /*before*/, QWidget* now) { showFocus(now); });
 }
 
+ScrollPage::~ScrollPage() {
+    // The focus changes once more while the parts end, when this is no page any longer.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void ScrollPage::showFocus(QWidget* focused) {
     // The area's own bars may take the focus too.
     const QWidget* const page = widget();

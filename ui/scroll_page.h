@@ -12,6 +12,9 @@ class ScrollPage : public QScrollArea {
 
  public:
     explicit ScrollPage(QWidget* parent = nullptr);
+    ScrollPage(const ScrollPage&) = delete;
+    ScrollPage& operator=(const ScrollPage&) = delete;
+    ~ScrollPage() override;
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
